@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+// Set-up of the log file. These run only from the host's call of initializeLogger,
+// before any feature runs, and take no lock.
+
+namespace orlo::core::logging {
+
+// Switches logging off, lets every severity through, and adds a sink whose auto-flushed
+// backend writes "HH:MM:SS:ffffff [severity] message" lines.
+void setupLogging();
+
+// Opens the log file (appending, unless told otherwise) and attaches it to the backend.
+// An empty file name leaves the file closed.
+void openLogFile();
+
+// Detaches the log file from the backend and closes it.
+void closeLogFile();
+
+// The steps of the exported initialize_logger: set up, and, when enabled, switch
+// logging on and (re)open the named file in append mode.
+void initializeLogger(bool enabled, const std::string& fileName);
+
+// Switches the logging core, and so every log statement, on or off.
+void setEnabled(bool enabled);
+
+std::string logFileName();
+bool isLogFileOpen();
+
+}  // namespace orlo::core::logging

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace orlo::core::xml {
+
+class XmlElement;
+using XmlElementList = std::vector<std::unique_ptr<XmlElement>>;
+
+// A node of the toolkit's output tree. Its data are string attributes, kept in key
+// order so that an element always prints them sorted. Attribute values may hold device
+// data, so they are zeroed before the element's memory is given back.
+class XmlElement {
+ public:
+  explicit XmlElement(std::string name);
+  virtual ~XmlElement();
+  XmlElement(const XmlElement&) = delete;
+  XmlElement& operator=(const XmlElement&) = delete;
+
+  // Appends the element as one line of XML, without prolog or white space.
+  virtual void write(std::string& out) const = 0;
+
+  // Clones of the elements that match: an empty elementName or attributeKey matches
+  // anything. Here only this element is looked at, and depth is ignored.
+  virtual XmlElementList find(std::string elementName, std::string attributeKey,
+                              std::string attributeValue, uint8_t depth) const;
+
+  virtual std::unique_ptr<XmlElement> clone() const = 0;
+  virtual bool isEmpty() const = 0;
+
+  // The value under `key`, created empty if missing. All attributes are set this way.
+  std::string& attribute(const std::string& key);
+  // A copy of the value under `key`, or an empty text; never creates the key.
+  std::string getAttribute(const std::string& key) const;
+  std::string name() const { return name_; }
+  const std::map<std::string, std::string>& attributes() const { return attributes_; }
+
+ protected:
+  // Writes ` key="escaped value"` for every attribute, in key order.
+  void writeAttributes(std::string& out) const;
+  // Inserts each attribute of `other` whose key is not yet present.
+  void copyAttributes(const XmlElement& other);
+
+ private:
+  std::string name_;
+  std::map<std::string, std::string> attributes_;
+};
+
+// The value as it appears in an attribute. "&" is replaced after "<" and ">", so those
+// two come out escaped twice ("<" gives "&amp;lt;"); readers of our files expect this.
+std::string escape(std::string value);
+
+}  // namespace orlo::core::xml

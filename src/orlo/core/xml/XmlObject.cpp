@@ -1,0 +1,99 @@
+#include "orlo/core/xml/XmlObject.h"
+
+#include "orlo/core/Strings.h"
+#include "orlo/core/xml/XmlProperty.h"
+
+namespace orlo::core::xml {
+
+namespace {
+
+const char kObjectElement[] = "Object";
+
+void writeAll(const XmlElementList& elements, std::string& out) {
+  for (const auto& element : elements) element->write(out);
+}
+
+void cloneAll(const XmlElementList& from, XmlElementList& to) {
+  for (const auto& element : from) to.push_back(element->clone());
+}
+
+void findAll(const XmlElementList& elements, const std::string& elementName,
+             const std::string& attributeKey, const std::string& attributeValue, uint8_t depth,
+             XmlElementList& found) {
+  for (const auto& element : elements) {
+    for (auto& match : element->find(elementName, attributeKey, attributeValue, depth)) {
+      found.push_back(std::move(match));
+    }
+  }
+}
+
+}  // namespace
+
+XmlObject::XmlObject() : XmlElement(kObjectElement) {}
+
+XmlObject::XmlObject(const std::string& name, const std::string& description,
+                     const std::string& value)
+    : XmlObject() {
+  attribute("name") = name;
+  attribute("description") = description;
+  attribute("value") = value;
+}
+
+XmlObject::~XmlObject() = default;
+
+void XmlObject::write(std::string& out) const {
+  out += '<';
+  out += kObjectElement;
+  writeAttributes(out);
+  out += '>';
+  writeAll(properties_, out);
+  writeAll(lists_, out);
+  writeAll(objects_, out);
+  out += "</";
+  out += kObjectElement;
+  out += '>';
+}
+
+XmlElementList XmlObject::find(std::string elementName, std::string attributeKey,
+                               std::string attributeValue, uint8_t depth) const {
+  if (depth == 0) return {};
+  XmlElementList found = XmlElement::find(elementName, attributeKey, attributeValue, depth);
+  const uint8_t below = depth - 1;
+  findAll(objects_, elementName, attributeKey, attributeValue, below, found);
+  findAll(lists_, elementName, attributeKey, attributeValue, below, found);
+  findAll(properties_, elementName, attributeKey, attributeValue, below, found);
+  return found;
+}
+
+std::unique_ptr<XmlElement> XmlObject::clone() const {
+  auto copy = std::make_unique<XmlObject>();
+  copy->copyAttributes(*this);
+  cloneAll(properties_, copy->properties_);
+  cloneAll(lists_, copy->lists_);
+  cloneAll(objects_, copy->objects_);
+  return copy;
+}
+
+bool XmlObject::isEmpty() const {
+  return lists_.empty() && properties_.empty() && objects_.empty() && attributes().empty();
+}
+
+XmlProperty& XmlObject::addProperty(const std::string& name, const std::string& description,
+                                    const std::string& value) {
+  auto property = std::make_unique<XmlProperty>();
+  property->attribute("name") = name;
+  property->attribute("description") = description;
+  property->attribute("value") = strings::sanitize(value);
+  XmlProperty& added = *property;
+  properties_.push_back(std::move(property));
+  return added;
+}
+
+XmlObject& XmlObject::addObject(const std::string& name, std::unique_ptr<XmlObject> child) {
+  child->attribute("name") = name;
+  XmlObject& added = *child;
+  objects_.push_back(std::move(child));
+  return added;
+}
+
+}  // namespace orlo::core::xml
