@@ -1,0 +1,74 @@
+#include "orlo/features/identify/IdentifyValueForms.h"
+
+#include <algorithm>
+
+#include "orlo/core/Strings.h"
+
+namespace orlo::features::identify::nvme::valueForms {
+
+namespace {
+
+// How many of the `length` bytes at `offset` lie inside the payload.
+uint32_t bytesInside(const core::Payload& payload, uint32_t offset, uint32_t length) {
+  const uint64_t size = payload.size();
+  if (offset >= size) {
+    return 0;
+  }
+  return static_cast<uint32_t>(std::min<uint64_t>(length, size - offset));
+}
+
+}  // namespace
+
+uint64_t littleEndian(const core::Payload& payload, uint32_t offset, uint32_t length) {
+  const uint32_t inside = bytesInside(payload, offset, std::min<uint32_t>(length, 8));
+  uint64_t value = 0;
+  for (uint32_t i = inside; i-- > 0;) {
+    value = (value << 8) | payload.data()[offset + i];
+  }
+  return value;
+}
+
+uint64_t bits(const core::Payload& payload, uint32_t offset, uint32_t high, uint32_t low) {
+  uint64_t value = 0;
+  for (uint32_t bit = std::min(high, low + 63) + 1; bit-- > low;) {
+    const uint64_t byte = littleEndian(payload, offset + bit / 8, 1);
+    value = (value << 1) | ((byte >> (bit % 8)) & 1);
+  }
+  return value;
+}
+
+std::string decimal(uint64_t value) {
+  return core::strings::toString(value);
+}
+
+std::string hex(uint64_t value, uint32_t digits) {
+  return "0x" + bareHex(value, digits);
+}
+
+std::string bareHex(uint64_t value, uint32_t digits) {
+  return core::strings::toHex(value, digits);
+}
+
+std::string longHex(const core::Payload& payload, uint32_t offset, uint32_t length, bool reverse) {
+  const uint32_t inside = bytesInside(payload, offset, length);
+  if (inside == 0) {
+    return "0x";
+  }
+  return core::strings::toHexNumber(payload.data() + offset, inside, reverse);
+}
+
+std::string hex128(const core::Payload& payload, uint32_t offset) {
+  return "0x" + bareHex(littleEndian(payload, offset + 8, 8), 16) +
+         bareHex(littleEndian(payload, offset, 8), 16);
+}
+
+std::string text(const core::Payload& payload, uint32_t offset, uint32_t length) {
+  const uint32_t inside = bytesInside(payload, offset, length);
+  if (inside == 0) {
+    return "";
+  }
+  const auto* start = reinterpret_cast<const char*>(payload.data() + offset);
+  return core::strings::sanitize(std::string(start, inside));
+}
+
+}  // namespace orlo::features::identify::nvme::valueForms
