@@ -1,0 +1,40 @@
+#include <gtest/gtest.h>
+
+#include "orlo/core/Status.h"
+#include "orlo/core/xml/XmlObject.h"
+
+using orlo::core::Status;
+
+TEST(Status, ComparesByCodeAndCategoryOnly) {
+  EXPECT_EQ(Status(0, "anything"), Status::success());
+  EXPECT_TRUE(orlo::core::succeeded(Status(0, "anything")));
+  EXPECT_NE(Status(10, 0, "x"), Status::success());
+  EXPECT_EQ(Status(10, 33, "one"), Status(10, 33, "other"));
+
+  Status moved = Status::openFileFailed();
+  Status target(std::move(moved));
+  EXPECT_EQ(moved.code(), 124);
+  EXPECT_EQ(moved.category(), 10);
+  EXPECT_EQ(moved.message(), "");
+}
+
+TEST(Status, PrintsThreeLinesAndXml) {
+  EXPECT_EQ(Status::retrieveDataFailed().toString(),
+            "Category: 10\nCode: 33\nMessage: Failed to retrieve data from selected drive.");
+  EXPECT_EQ(Status(-2, -7, "m").toString(), "Category: -2\nCode: -7\nMessage: m");
+
+  std::string xml;
+  Status(10, -1, "a<b").toXml()->write(xml);
+  EXPECT_EQ(xml,
+            "<Object category=\"status\"><Property name=\"Category\" value=\"10\"/>"
+            "<Property name=\"Code\" value=\"-1\"/>"
+            "<Property name=\"Message\" value=\"a&amp;lt;b\"/></Object>");
+}
+
+TEST(Status, RunTimeNumbersFollowTheCounter) {
+  const Status first = Status::allocate("first");
+  const Status second = Status::allocate("second");
+  EXPECT_EQ(first.category(), 100);
+  EXPECT_EQ(second.code(), first.code() + 1);
+  EXPECT_EQ(second.message(), "second");
+}

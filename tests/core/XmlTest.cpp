@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "orlo/core/xml/XmlObject.h"
+#include "orlo/core/xml/XmlProperty.h"
+
+using namespace orlo::core::xml;
+
+namespace {
+
+std::string written(const XmlElement& element) {
+  std::string out;
+  element.write(out);
+  return out;
+}
+
+std::unique_ptr<XmlProperty> property(const std::string& name, const std::string& value) {
+  auto made = std::make_unique<XmlProperty>();
+  made->attribute("name") = name;
+  made->attribute("value") = value;
+  return made;
+}
+
+// Memory given back while gSecret is set is searched for it, to see that attribute
+// values are wiped before an element frees them.
+const char* gSecret = nullptr;
+bool gSecretFreed = false;
+
+void checkFreed(void* block) {
+  if (gSecret == nullptr || block == nullptr) return;
+  const size_t size = malloc_usable_size(block);
+  if (memmem(block, size, gSecret, std::strlen(gSecret)) != nullptr) gSecretFreed = true;
+}
+
+}  // namespace
+
+void* operator new(size_t size) {
+  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
+  throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+  checkFreed(block);
+  std::free(block);
+}
+void operator delete(void* block, size_t) noexcept {
+  operator delete(block);
+}
+
+TEST(Xml, WritesOneLineWithSortedEscapedAttributes) {
+  EXPECT_EQ(written(*property("a", "1")), R"(<Property name="a" value="1"/>)");
+  EXPECT_EQ(written(XmlObject()), "<Object></Object>");
+
+  XmlObject sorted;
+  sorted.attribute("value") = "v";
+  sorted.attribute("name") = "n";
+  sorted.attribute("category") = "c";
+  sorted.attribute("Zulu") = "z";
+  EXPECT_EQ(written(sorted), R"(<Object Zulu="z" category="c" name="n" value="v"></Object>)");
+
+  const std::pair<std::string, std::string> escapes[] = {
+      {"a<b", "a&amp;lt;b"}, {">", "&amp;gt;"}, {"a&b", "a&amp;b"},
+      {"\"", "&quot;"},      {"'", "&apos;"},   {"&lt;", "&amp;lt;"},
+  };
+  for (const auto& [value, text] : escapes) {
+    EXPECT_EQ(written(*property("k", value)), "<Property name=\"k\" value=\"" + text + "\"/>");
+  }
+}
+
+TEST(Xml, WritesPropertiesListsThenObjects) {
+  XmlObject root("root", "", "1");
+  auto child = std::make_unique<XmlObject>();
+  child->addProperty("inner", "d", "2");
+  root.addObject("child", std::move(child));
+  root.lists().push_back(property("list", "3"));
+  XmlProperty& added = root.addProperty("p", "", " 12\n ");
+  added.attribute("key") = "p";
+
+  EXPECT_EQ(added.getAttribute("value"), "12");
+  EXPECT_EQ(added.attributes().count("description"), 1u);
+  EXPECT_EQ(written(root),
+            R"(<Object description="" name="root" value="1">)"
+            R"(<Property description="" key="p" name="p" value="12"/>)"
+            R"(<Property name="list" value="3"/>)"
+            R"(<Object name="child"><Property description="d" name="inner" value="2"/></Object>)"
+            "</Object>");
+  EXPECT_EQ(written(*root.clone()), written(root));
+  EXPECT_EQ(root.getAttribute("missing"), "");
+  EXPECT_EQ(root.attributes().count("missing"), 0u);
+}
+
+TEST(Xml, FindVisitsObjectsListsThenPropertiesWithinDepth) {
+  XmlObject root;
+  root.attribute("name") = "x";
+  root.addProperty("x", "", "property");
+  root.lists().push_back(property("x", "list"));
+  auto child = std::make_unique<XmlObject>();
+  child->addProperty("x", "", "deep");
+  root.addObject("x", std::move(child));
+
+  const auto values = [&root](uint8_t depth, const std::string& element) {
+    std::string seen;
+    for (const auto& match : root.find(element, "name", "x", depth)) {
+      seen += match->name() + ":" + match->getAttribute("value") + " ";
+    }
+    return seen;
+  };
+  EXPECT_EQ(values(0, ""), "");
+  EXPECT_EQ(values(1, ""), "Object: Property:list Property:property ");
+  EXPECT_EQ(values(2, ""), "Object: Object: Property:deep Property:list Property:property ");
+  EXPECT_EQ(values(2, "Property"), "Property:deep Property:list Property:property ");
+  EXPECT_EQ(root.find("Object", "name", "y", 5).size(), 0u);
+}
+
+TEST(Xml, Emptiness) {
+  XmlObject object;
+  EXPECT_TRUE(object.isEmpty() && XmlProperty().isEmpty());
+  object.lists().push_back(std::make_unique<XmlProperty>());
+  EXPECT_FALSE(object.isEmpty());
+}
+
+TEST(Xml, AttributeValuesAreWipedOnDestruction) {
+  const std::string secret = "serial-number-0123456789-ABCDEFGHIJ";
+  auto object = std::make_unique<XmlObject>();
+  object->addProperty("serial", "", secret);
+  object->attribute("value") = secret;
+  gSecret = secret.c_str();
+  object.reset();
+  gSecret = nullptr;
+  EXPECT_FALSE(gSecretFreed);
+}
