@@ -1,0 +1,10 @@
+#include "plugins/plugin.cliframework/SyntaxStatusResult.h"
+
+#include <utility>
+
+namespace plugin::cli {
+
+SyntaxStatusResult::SyntaxStatusResult(std::string message)
+    : StatusResult(std::move(message), syntaxErrorType) {}
+
+}  // namespace plugin::cli
