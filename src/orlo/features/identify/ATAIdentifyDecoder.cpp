@@ -1,0 +1,90 @@
+#include "orlo/features/identify/ATAIdentifyDecoder.h"
+
+#include <cstdint>
+#include <string>
+
+#include "orlo/core/Strings.h"
+#include "orlo/features/identify/ATAIdentifyTable.h"
+
+namespace orlo::features::identify::ata {
+
+namespace {
+
+using orlo::core::AttributeCollection;
+using orlo::core::Payload;
+using orlo::core::xml::XmlObject;
+namespace strings = orlo::core::strings;
+
+constexpr uint32_t kIdentifyDataSize = 512;
+
+uint16_t wordAt(const Payload& payload, unsigned index) {
+  const uint8_t* bytes = payload.data() + 2 * index;
+  return static_cast<uint16_t>(bytes[0] | bytes[1] << 8);
+}
+
+// The words of the row as one little-endian number.
+uint64_t numberOf(const Payload& payload, const WordRow& row) {
+  uint64_t number = 0;
+  for (unsigned index = row.last + 1; index-- > row.first;) {
+    number = number << 16 | wordAt(payload, index);
+  }
+  return number;
+}
+
+std::string wordsOf(const Payload& payload, const WordRow& row, bool highestFirst) {
+  std::string text;
+  for (unsigned step = 0; step <= row.last - row.first; ++step) {
+    const unsigned index = highestFirst ? row.last - step : row.first + step;
+    text += strings::toHex(wordAt(payload, index), 4);
+  }
+  return text;
+}
+
+std::string valueOf(const Payload& payload, const WordRow& row,
+                    const AttributeCollection& deviceAttributes) {
+  const unsigned wordCount = row.last - row.first + 1;
+  switch (row.value.form) {
+    case ValueForm::Word:
+      return strings::toHex(wordAt(payload, row.first), 4);
+    case ValueForm::WordsAscending:
+      return wordsOf(payload, row, false);
+    case ValueForm::WordsDescending:
+      return wordsOf(payload, row, true);
+    case ValueForm::U32:
+    case ValueForm::U64:
+      return strings::toHex(numberOf(payload, row), 4 * wordCount);
+    case ValueForm::Bytes:
+      return strings::toHexString(payload.data() + 2 * row.first, row.value.byteCount);
+    case ValueForm::Device:
+      return orlo::core::readString(deviceAttributes, row.value.deviceAttribute());
+  }
+  return {};
+}
+
+std::string fieldOf(uint16_t word, const BitItem& item) {
+  const unsigned width = item.high - item.low + 1;
+  const unsigned field = (word >> item.low) & ((1u << width) - 1);
+  return strings::toHex(field, item.digits);
+}
+
+}  // namespace
+
+std::unique_ptr<XmlObject> decodeIdentifyDevice(const Payload& payload,
+                                                const AttributeCollection& deviceAttributes) {
+  auto root = std::make_unique<XmlObject>();
+  if (payload.size() < kIdentifyDataSize) return root;
+  root->attribute("name") = "ATA Identify Device";
+  root->attribute("key") = root->getAttribute("name");
+  for (const WordRow& row : identifyDeviceWords()) {
+    auto child = std::make_unique<XmlObject>("Word " + row.words, row.description,
+                                             valueOf(payload, row, deviceAttributes));
+    const uint16_t word = wordAt(payload, row.first);
+    for (const BitItem& item : row.bits) {
+      child->addProperty("Bit " + item.bits, item.description, fieldOf(word, item));
+    }
+    root->objects().push_back(std::move(child));
+  }
+  return root;
+}
+
+}  // namespace orlo::features::identify::ata
