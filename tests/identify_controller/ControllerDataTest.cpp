@@ -1,0 +1,254 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "orlo/core/ProductNames.h"
+#include "orlo/core/PropertyDescriptors.h"
+#include "orlo/core/Strings.h"
+#include "orlo/features/identify/NVMe_ControllerData.h"
+
+namespace controllerData = orlo::features::identify::nvme::controllerData;
+namespace properties = orlo::core::properties;
+namespace products = orlo::core::products;
+using orlo::core::Attribute;
+using orlo::core::AttributeCollection;
+using orlo::core::Payload;
+
+namespace {
+
+void put(Payload& payload, uint32_t offset, const std::vector<uint8_t>& bytes) {
+  for (size_t i = 0; i < bytes.size(); ++i) payload[offset + i] = bytes[i];
+}
+
+void putText(Payload& payload, uint32_t offset, const std::string& text) {
+  put(payload, offset, std::vector<uint8_t>(text.begin(), text.end()));
+}
+
+// A made-up drive whose values tell a wrong reading apart: the expected trees under
+// data/identify_controller were worked out by hand from these bytes.
+Payload craftedReply() {
+  Payload reply(4096);
+  put(reply, 0, {0xCD, 0xAB, 0x12, 0x00});
+  putText(reply, 4, "  SN-0042");
+  putText(reply, 24, "Test Model 7    ");
+  putText(reply, 64, "FW1.0   ");
+  put(reply, 72, {0x05, 0x11, 0x22, 0x33, 0x0B, 0x20, 0x07, 0x01, 0x02, 0x04, 0x01, 0x00});
+  put(reply, 84, {0xA0, 0x86, 0x01, 0x00, 0x40, 0x42, 0x0F, 0x00, 0x00, 0x69, 0x00, 0x88});
+  put(reply, 96, {0x83, 0x02, 0x00, 0x00, 0x01, 0x80});
+  put(reply, 111, {0x01, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B,
+                   0x0C, 0x0D, 0x0E, 0x0F, 0x10, 10,   0,    20,   0,    30,   0});
+  put(reply, 253, {0x03, 0x85, 0x02, 0x5F, 0x02, 0x03, 0x07, 0x17, 0x5B, 0x3F, 0x01, 0x01, 0x01,
+                   0x57, 0x01, 0x63, 0x01, 0x00, 0x00, 0x00, 0x20, 0x00, 0x00, 0x00, 0x04});
+  put(reply, 284, {0x74});
+  put(reply, 288, {0x01});
+  put(reply, 312,
+      {0x29, 0x00, 0x02, 0x01, 0x1E, 0x00, 0x01, 0xFF, 0x64, 0x00, 0x01, 0x00, 0x11, 0x01,
+       0x75, 0x01, 0x05, 0x00, 0x00, 0xA0, 0x00, 0x10, 0x00, 0x00, 0x08, 0x00, 0x00, 0x00,
+       0x01, 0x00, 0x0A, 0xC7, 0x10, 0x00, 0x00, 0x00, 0x05, 0x00, 0x00, 0x00, 0x02});
+  put(reply, 512, {0x66, 0x44, 0x00, 0x01, 0x20, 0x00, 0x00, 0x00, 0xCD, 0x00,
+                   0x01, 0x00, 0x05, 0x07, 0xFF, 0x00, 0x00, 0x00, 0x01, 0x05});
+  put(reply, 536, {0x05, 0x00, 0x35, 0x00, 0x20});
+  putText(reply, 768, "nqn.2026-01.org.example:ctrl-7");
+  put(reply, 2048, {0xC4, 0x09, 0x00, 0x03, 0x05, 0x00, 0x00, 0x00, 0x0A, 0x00, 0x00, 0x00,
+                    0xE1, 0x22, 0x03, 0x44, 0x90, 0x01, 0x80, 0x00, 0x26, 0x02, 0x42});
+  put(reply, 2080, {0x00, 0x01});
+  put(reply, 2112, {0xEF, 0xBE});
+  return reply;
+}
+
+AttributeCollection drive(const std::vector<Attribute>& flags,
+                          const std::vector<std::pair<Attribute, std::string>>& texts = {}) {
+  AttributeCollection attributes;
+  for (const Attribute& flag : flags) orlo::core::writeUInt8(attributes, flag, 1);
+  for (const auto& [descriptor, text] : texts)
+    orlo::core::writeString(attributes, descriptor, text);
+  return attributes;
+}
+
+std::string xml(const orlo::core::xml::XmlElement& element) {
+  std::string out;
+  element.write(out);
+  return out;
+}
+
+// Expected trees are kept one element a line and indented; the writer gives one line.
+std::string expectedXml(const std::string& name) {
+  std::ifstream in(std::string(ORLO_TEST_DATA_DIR) + "/identify_controller/" + name);
+  std::string line;
+  std::string joined;
+  while (std::getline(in, line)) joined += line.substr(std::min(line.find('<'), line.size()));
+  return joined;
+}
+
+// The labels and XML of the fields that follow the power state descriptors.
+std::pair<std::string, std::string> vendorTail(const Payload& reply,
+                                               const AttributeCollection& attributes) {
+  const auto root = controllerData::toXmlObject(reply, attributes);
+  std::string labels;
+  std::string text;
+  bool afterPowerStates = false;
+  for (const auto& child : root->objects()) {
+    if (child->getAttribute("description").rfind("Power State ", 0) == 0) {
+      afterPowerStates = true;
+    } else if (afterPowerStates) {
+      labels += (labels.empty() ? "" : "|") + child->getAttribute("name");
+      text += xml(*child);
+    }
+  }
+  return {labels, text};
+}
+
+}  // namespace
+
+TEST(ControllerData, WholeTreeFollowsTheVersionAttributes) {
+  const std::vector<std::pair<std::string, std::vector<Attribute>>> cases = {
+      {"none.xml", {}},
+      {"nvme1_1_only.xml", {properties::nvme1Point1OrGreater()}},
+      {"nvme1_2_only.xml", {properties::nvme1Point2OrGreater()}},
+      {"nvme1_3_only.xml", {properties::nvme1Point3OrGreater()}},
+      {"nvme1_4.xml",
+       {properties::nvme1Point1OrGreater(), properties::nvme1Point2OrGreater(),
+        properties::nvme1Point3OrGreater(), properties::nvme1Point4OrGreater()}},
+      {"nvme2_0.xml",
+       {properties::nvme1Point1OrGreater(), properties::nvme1Point2OrGreater(),
+        properties::nvme1Point3OrGreater(), properties::nvme1Point4OrGreater(),
+        properties::nvme2Point0OrGreater()}},
+  };
+  for (const auto& [file, flags] : cases) {
+    SCOPED_TRACE(file);
+    const std::string expected = expectedXml(file);
+    ASSERT_FALSE(expected.empty());
+    EXPECT_EQ(xml(*controllerData::toXmlObject(craftedReply(), drive(flags))), expected);
+  }
+}
+
+TEST(ControllerData, ShortPayloadGivesAnEmptyRoot) {
+  const AttributeCollection all =
+      drive({properties::nvme1Point1OrGreater(), properties::nvme2Point0OrGreater(),
+             properties::veldraNVMe()});
+  for (uint32_t size : {0u, 1u, 4095u}) {
+    EXPECT_EQ(xml(*controllerData::toXmlObject(Payload(size), all)), "<Object></Object>") << size;
+  }
+}
+
+TEST(ControllerData, PowerStatesNumberByte263PlusOneAndStopAtThePayloadsEnd) {
+  struct Case {
+    uint32_t size;
+    uint8_t byte263;
+    size_t count;
+    std::string last;
+  };
+  const std::vector<Case> cases = {
+      {4096, 0, 1, "Byte 2048-2079"},        {4096, 2, 3, "Byte 2112-2143"},
+      {4096, 255, 64, "Byte 4064-4095"},     {8192, 255, 192, "Byte 8160-8191"},
+      {16384, 255, 256, "Byte 10208-10239"},
+  };
+  for (const Case& c : cases) {
+    Payload reply(c.size);
+    reply[263] = c.byte263;
+    const auto root = controllerData::toXmlObject(reply, AttributeCollection());
+    std::vector<std::string> names;
+    for (const auto& child : root->objects()) {
+      const std::string description = child->getAttribute("description");
+      if (description.rfind("Power State ", 0) == 0) {
+        EXPECT_EQ(description, "Power State " + std::to_string(names.size()) + " Descriptor");
+        names.push_back(child->getAttribute("name"));
+      }
+    }
+    ASSERT_EQ(names.size(), c.count) << c.size << " " << int(c.byte263);
+    EXPECT_EQ(names.front(), "Byte 2048-2079");
+    EXPECT_EQ(names.back(), c.last);
+  }
+}
+
+TEST(ControllerData, VendorBlocksFollowProductAndOem) {
+  const std::string veldra =
+      "Byte 3075|Byte 3076-3095|Byte 3096|Byte 3097|Byte 3098|Byte 3099|Byte 3100-3107";
+  const std::string bridge =
+      "Byte 3840|Byte 3841|Byte 3842|Byte 3843|Byte 3844|Byte 3904|Byte 3905-3912|"
+      "Byte 3913-3914|Byte 3936|Byte 3937|Byte 3938|Byte 3939|Byte 3940|Byte 3941";
+  const std::string oem =
+      "Byte 3108-3109|Byte 3110-3111|Byte 3112-3113| Byte 3114-3115|Byte 3116-3123|"
+      "Byte 3124-3139";
+  struct Case {
+    bool veldraNVMe;
+    std::string product;
+    std::string oem;
+    std::string labels;
+  };
+  const std::vector<Case> cases = {
+      {true, products::ProductFamilyOneRefresh + " 2TB", "", "Byte 3072|" + veldra},
+      {true, "x " + products::ProductFamilyOneRR, "", "Byte 3072|" + veldra},
+      {true, products::ProductFamilyFour, "", veldra},
+      {false, products::ProductFamilyOneRefresh, "", ""},
+      {false, products::ProductFamilyThree, "Oracle", bridge},
+      {false, products::ProductFamilyThree + " Plus", "", ""},
+      {false, products::ProductFamilyFourDP, "Oracle", bridge + "|" + oem},
+      {false, products::ProductFamilyFourDP + "X", "Oracle", oem},
+      {false, "[" + orlo::core::strings::toUpper(products::ProductFamilyFour) + "]", "Oracle", oem},
+      {false, products::ProductFamilyFour, "oracle", ""},
+      {false, "", "", ""},
+  };
+  for (const Case& c : cases) {
+    const AttributeCollection attributes = drive(
+        c.veldraNVMe ? std::vector<Attribute>{properties::veldraNVMe()} : std::vector<Attribute>{},
+        {{properties::product(), c.product}, {properties::oem(), c.oem}});
+    EXPECT_EQ(vendorTail(craftedReply(), attributes).first, c.labels) << c.product << "/" << c.oem;
+  }
+}
+
+TEST(ControllerData, VendorFieldsShowTheirBytes) {
+  Payload reply = craftedReply();
+  put(reply, 3075, {5, ' ', ' ', 0x01, ' '});
+  put(reply, 3096, {3, 4, 0x81, 2});
+  putText(reply, 3100, "BL 1.2  ");
+  put(reply, 3108, {0x34, 0x12, 0xAB, 0x00, 0x00, 0x00, 0xEF, 0xBE});
+  putText(reply, 3116, "PN-77");
+  putText(reply, 3124, "Oem Model 9");
+  put(reply, 3840, {0x2D, 0x50, 0x00, 0x05, 0x46});
+  put(reply, 3904, {0x0C});
+  putText(reply, 3905, "BR2.0");
+  put(reply, 3913, {0x2E, 0x1F});
+  put(reply, 3936, {0x04, 0x08, 0x03, 0x02, 0x01, 0x10});
+  const AttributeCollection attributes = drive(
+      {properties::veldraNVMe()},
+      {{properties::product(), products::ProductFamilyFourDP}, {properties::oem(), "Oracle"}});
+  EXPECT_EQ(vendorTail(reply, attributes).second, expectedXml("vendor_fields.xml"));
+
+  // The stripe size word and the empty failure string.
+  const std::vector<std::pair<uint8_t, std::string>> stripes = {
+      {0, "0 (Driver assisted striping not supported by FW)"},
+      {3, "3 (32 KiB of user data)"},
+      {6, "6 (Unknown)"},
+  };
+  for (const auto& [code, shown] : stripes) {
+    reply[3075] = code;
+    const auto root = controllerData::toXmlObject(reply, attributes);
+    EXPECT_EQ(root->find("Object", "name", "Byte 3075", 2).at(0)->getAttribute("value"), shown);
+  }
+  putText(reply, 3076, " OK ");
+  const auto root = controllerData::toXmlObject(reply, attributes);
+  EXPECT_EQ(root->find("Object", "name", "Byte 3076-3095", 2).at(0)->getAttribute("value"), "OK");
+}
+
+TEST(ControllerData, RandomPayloadsOfEverySizeStayInsideTheBuffer) {
+  std::mt19937 random(4096);
+  const AttributeCollection attributes = drive(
+      {properties::nvme1Point1OrGreater(), properties::nvme1Point2OrGreater(),
+       properties::nvme1Point3OrGreater(), properties::nvme1Point4OrGreater(),
+       properties::nvme2Point0OrGreater(), properties::veldraNVMe()},
+      {{properties::product(), products::ProductFamilyFourDP}, {properties::oem(), "Oracle"}});
+  std::vector<uint32_t> sizes;
+  for (uint32_t size = 0; size <= 4096; ++size) sizes.push_back(size);
+  sizes.insert(sizes.end(), {4097, 5000, 8191, 12345});
+  for (uint32_t size : sizes) {
+    Payload reply(size);
+    for (uint32_t i = 0; i < size; ++i) reply[i] = static_cast<uint8_t>(random());
+    const auto root = controllerData::toXmlObject(reply, attributes);
+    ASSERT_EQ(root->isEmpty(), size < 4096) << size;
+  }
+}
