@@ -34,7 +34,7 @@ class CommandSpec {
 
 using CommandSpecs = std::vector<std::shared_ptr<CommandSpec>>;
 
-// The first specification with this id, or null.
+// The first command specification with this id, or null.
 std::shared_ptr<CommandSpec> findCommandSpec(const CommandSpecs& specs, uint32_t id);
 
 }  // namespace plugin::cli

@@ -38,7 +38,7 @@ class FeatureBase {
   virtual CommandSpecs getCommandSpecs() const = 0;
   virtual std::shared_ptr<ResultBase> execute(uint32_t id, const ParsedCommand& command) = 0;
   // "-all" with "-display" first, then the value of "-output" against the
-  // specification with this id.
+  // command specification with this id.
   virtual std::shared_ptr<ResultBase> checkSyntax(uint32_t id, const ParsedCommand& command);
   // Logs the call and keeps nothing; a plug-in that works on a drive keeps it.
   virtual void registerDevice(const std::shared_ptr<orlo::core::Device>& device);
