@@ -2,39 +2,26 @@
 
 #include <memory>
 
-#include "orlo/core/CommandRecord.h"
-#include "orlo/core/xml/XmlObject.h"
+#include "orlo/commands/nvme/Identify.h"
+#include "support/FakeDevice.h"
 
 using namespace orlo;
 
 namespace {
 
-struct NamedCommand : core::Command {
-  using core::Command::Command;
-  std::unique_ptr<core::Command> clone() const override {
-    return std::make_unique<NamedCommand>(protocol(), name());
-  }
-  std::string toString() const override { return name(); }
-  std::unique_ptr<core::xml::XmlObject> toXml() const override {
-    return std::make_unique<core::xml::XmlObject>();
-  }
-};
-
-struct TaggedResult : core::ProtocolResult {
-  explicit TaggedResult(int tag) : tag(tag) {}
+struct Result : core::ProtocolResult {
   std::unique_ptr<core::ProtocolResult> clone() const override {
-    return std::make_unique<TaggedResult>(tag);
+    return std::make_unique<Result>(*this);
   }
   void fillStatus(core::Status& status) const override { status.setCode(tag); }
-  int tag;
+  int tag = 7;
 };
 
-struct TaggedPath : core::CommandPath {
-  explicit TaggedPath(int tag) : tag(tag) {}
+struct Path : core::CommandPath {
   std::unique_ptr<core::CommandPath> clone() const override {
-    return std::make_unique<TaggedPath>(tag);
+    return std::make_unique<Path>(*this);
   }
-  int tag;
+  int tag = 9;
 };
 
 }  // namespace
@@ -42,20 +29,18 @@ struct TaggedPath : core::CommandPath {
 TEST(CommandRecord, StartsEmptyAndSuccessful) {
   core::CommandRecord record;
   EXPECT_EQ(record.status, core::Status(0, "Completed successfully."));
-  EXPECT_EQ(record.inputPayload.size(), 0u);
-  EXPECT_EQ(record.outputPayload.size(), 0u);
+  EXPECT_EQ(record.inputPayload.size() + record.outputPayload.size(), 0u);
   EXPECT_FALSE(record.command || record.protocolResult || record.commandPath);
-  EXPECT_TRUE(record.startTime.is_not_a_date_time());
-  EXPECT_TRUE(record.endTime.is_not_a_date_time());
+  EXPECT_TRUE(record.startTime.is_not_a_date_time() && record.endTime.is_not_a_date_time());
 }
 
 TEST(CommandRecord, AssignmentClonesOwnedObjectsAndSharesPayloads) {
-  core::CommandRecord source;
-  source.command = std::make_unique<NamedCommand>("NVME", "Identify");
-  source.protocolResult = std::make_unique<TaggedResult>(7);
-  source.commandPath = std::make_unique<TaggedPath>(9);
-  source.status = core::Status(10, 33, "x");
-  source.outputPayload = core::Payload(4);
+  test::FakeDevice device;
+  device.answer("Identify",
+                {core::Status(10, 33, "x"), core::Payload(4), std::make_shared<Result>()});
+  commands::nvme::Identify identify;
+  core::CommandRecord source = device.send(identify);
+  source.commandPath = std::make_unique<Path>();
   source.duration = 12;
   source.recordFlag = 1;
 
@@ -65,20 +50,19 @@ TEST(CommandRecord, AssignmentClonesOwnedObjectsAndSharesPayloads) {
   EXPECT_NE(copy.command.get(), source.command.get());
   EXPECT_NE(copy.protocolResult.get(), source.protocolResult.get());
   EXPECT_NE(copy.commandPath.get(), source.commandPath.get());
-  EXPECT_EQ(static_cast<TaggedResult&>(*copy.protocolResult).tag, 7);
-  EXPECT_EQ(static_cast<TaggedPath&>(*copy.commandPath).tag, 9);
-  EXPECT_EQ(copy.status, source.status);
+  EXPECT_EQ(copy.status, core::Status(10, 33, "x"));
   EXPECT_EQ(copy.duration, 12u);
   EXPECT_EQ(copy.recordFlag, 1);
 
-  static_cast<TaggedPath&>(*source.commandPath).tag = 1;
-  source.command->copyCommandFields(NamedCommand("NVME", "Other"));
-  EXPECT_EQ(static_cast<TaggedPath&>(*copy.commandPath).tag, 9);
+  static_cast<Path&>(*source.commandPath).tag = 1;
+  static_cast<Result&>(*source.protocolResult).tag = 1;
+  source.command->copyCommandFields(commands::nvme::Command("Other"));
+  EXPECT_EQ(static_cast<Path&>(*copy.commandPath).tag, 9);
+  EXPECT_EQ(static_cast<Result&>(*copy.protocolResult).tag, 7);
   EXPECT_EQ(copy.command->name(), "Identify");
   source.outputPayload[3] = 0xAB;
   EXPECT_EQ(copy.outputPayload[3], 0xAB);
 
-  core::CommandRecord empty;
-  copy = empty;
+  copy = core::CommandRecord();
   EXPECT_FALSE(copy.command || copy.protocolResult || copy.commandPath);
 }
