@@ -20,7 +20,8 @@ uint64_t bits(const core::Payload& payload, uint32_t offset, uint32_t high, uint
 // Unsigned decimal, as short as it goes.
 std::string decimal(uint64_t value);
 
-// "0x" and upper-case digits, zero-padded to at least `digits` (the 0xN form; 0 gives "0x").
+// "0x" and upper-case digits, zero-padded to at least `digits`: the 0xN form, and with no
+// `digits` the 0x form.
 std::string hex(uint64_t value, uint32_t digits = 0);
 
 // Upper-case digits, zero-padded to at least `digits`, without any prefix.
