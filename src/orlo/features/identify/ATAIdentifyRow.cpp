@@ -1,5 +1,7 @@
 #include "orlo/features/identify/ATAIdentifyRow.h"
 
+#include <string>
+#include <tuple>
 #include <utility>
 
 namespace orlo::features::identify::ata {
