@@ -1,0 +1,95 @@
+#include "orlo/features/identify/IdentifyTable.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "orlo/core/Payload.h"
+#include "orlo/core/xml/XmlObject.h"
+#include "orlo/features/identify/IdentifyValueForms.h"
+
+namespace orlo::features::identify::nvme::table {
+
+namespace {
+
+// A member row of length 0 reads the bytes of its group.
+Bytes bytesOf(const Row& row, const Bytes& enclosing) {
+  return row.bytes.length == 0 ? enclosing : row.bytes;
+}
+
+// The number in the row's bits of its bytes.
+uint64_t numberOf(const Row& row, const Source& source, const Bytes& bytes) {
+  const uint32_t high = std::min<uint32_t>(row.bits.high, bytes.length * 8 - 1);
+  return valueForms::bits(source.payload, source.base + bytes.offset, high, row.bits.low);
+}
+
+std::string formatted(const Row& row, const Source& source, const Bytes& bytes) {
+  const uint32_t offset = source.base + bytes.offset;
+  switch (row.form.kind) {
+    case Form::kEmpty:
+      return "";
+    case Form::kDecimal:
+      return valueForms::decimal(numberOf(row, source, bytes));
+    case Form::kHex:
+      return valueForms::hex(numberOf(row, source, bytes), row.form.digits);
+    case Form::kBareHex:
+      return valueForms::bareHex(numberOf(row, source, bytes), row.form.digits);
+    case Form::kLongHex:
+      return valueForms::longHex(source.payload, offset, bytes.length, row.form.reversed);
+    case Form::kHex128:
+      return valueForms::hex128(source.payload, offset);
+  }
+  return "";
+}
+
+std::string valueOf(const Row& row, const Source& source, const Bytes& enclosing) {
+  const Bytes bytes = bytesOf(row, enclosing);
+  if (row.words == nullptr) {
+    return formatted(row, source, bytes);
+  }
+  const uint64_t number = numberOf(row, source, bytes);
+  const char* word = number < row.words->count ? row.words->texts[number] : row.words->otherwise;
+  return row.words->replacesValue ? word : formatted(row, source, bytes) + word;
+}
+
+void addAdmitted(core::xml::XmlObject& parent, Table rows, const Source& source, Gate gate,
+                 const Bytes& enclosing, bool asProperties) {
+  for (const Row& row : rows) {
+    if (!(gate & row.gate).admits(source.versions)) {
+      continue;
+    }
+    const std::string value = valueOf(row, source, enclosing);
+    if (asProperties) {
+      parent.addProperty(row.name, row.description, value);
+      continue;
+    }
+    auto child = std::make_unique<core::xml::XmlObject>(row.name, row.description, value);
+    addAdmitted(*child, row.members, source.at(row.bytes.offset), gate & row.gate,
+                Bytes{0, row.bytes.length}, true);
+    parent.addObject(row.name, std::move(child));
+  }
+}
+
+}  // namespace
+
+void addFields(core::xml::XmlObject& parent, Table rows, const Source& source, Gate gate) {
+  addAdmitted(parent, rows, source, gate, Bytes{0, 0}, false);
+}
+
+void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sections,
+               const Source& source) {
+  for (const Section& section : sections) {
+    addFields(parent, section.rows, source, section.gate);
+  }
+}
+
+void addProperties(core::xml::XmlObject& parent, Table rows, const Source& source) {
+  addAdmitted(parent, rows, source, Gate{}, Bytes{0, 0}, true);
+}
+
+void nameRoot(core::xml::XmlObject& root, const std::string& name) {
+  root.attribute("name") = name;
+  root.attribute("key") = name;
+}
+
+}  // namespace orlo::features::identify::nvme::table

@@ -1,0 +1,189 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+
+#include "orlo/features/identify/NVMeVersionGate.h"
+
+namespace orlo::core {
+class Payload;
+namespace xml {
+class XmlObject;
+}
+}  // namespace orlo::core
+
+// The rows of an Identify structure as data, and the one interpreter that turns them into
+// fields, groups and properties of an XML tree. A table is written in the structure's own
+// order, one row a field: label, description, bytes, bits, value form and version gate.
+namespace orlo::features::identify::nvme::table {
+
+// The size of every Identify reply.
+constexpr uint32_t kReplySize = 4096;
+
+// Bytes `offset` to `offset` + `length` - 1 of the structure (or entry) being read.
+struct Bytes {
+  uint32_t offset;
+  uint32_t length;
+};
+
+// The bytes between two numbers of a label, in whichever order the label writes them.
+constexpr Bytes range(uint32_t from, uint32_t to) {
+  return from <= to ? Bytes{from, to - from + 1} : Bytes{to, from - to + 1};
+}
+constexpr Bytes byte(uint32_t offset) {
+  return Bytes{offset, 1};
+}
+
+// Bits `high` down to `low` of a little-endian value.
+struct Bits {
+  uint8_t high;
+  uint8_t low;
+};
+constexpr Bits bits(uint8_t high, uint8_t low) {
+  return Bits{high, low};
+}
+constexpr Bits bit(uint8_t position) {
+  return Bits{position, position};
+}
+
+// How a value is shown.
+struct Form {
+  enum Kind : uint8_t {
+    kEmpty,
+    kDecimal,
+    kHex,      // "0x", at least `digits` digits
+    kBareHex,  // no prefix, at least `digits` digits
+    kLongHex,  // two digits a byte, in stored order or `reversed`; long zero runs read "0x0"
+    kHex128,   // "0x", the high then the low 64 bits, 16 digits each
+  };
+  Kind kind;
+  uint8_t digits;
+  bool reversed;
+};
+constexpr Form empty{Form::kEmpty, 0, false};
+constexpr Form decimal{Form::kDecimal, 0, false};
+constexpr Form hex(uint8_t digits = 0) {
+  return Form{Form::kHex, digits, false};
+}
+constexpr Form bareHex(uint8_t digits = 0) {
+  return Form{Form::kBareHex, digits, false};
+}
+constexpr Form longHex{Form::kLongHex, 0, false};
+constexpr Form longHexReversed{Form::kLongHex, 0, true};
+constexpr Form hex128{Form::kHex128, 0, false};
+
+// Words that name the values of a field: indexed by the value, with `otherwise` for the
+// values past the list. They follow the formatted value, or stand in its place.
+struct Words {
+  const char* const* texts;
+  uint32_t count;
+  const char* otherwise;
+  bool replacesValue;
+};
+template <std::size_t N>
+constexpr Words appended(const char* const (&texts)[N], const char* otherwise = "") {
+  return Words{texts, N, otherwise, false};
+}
+template <std::size_t N>
+constexpr Words replacing(const char* const (&texts)[N], const char* otherwise = "") {
+  return Words{texts, N, otherwise, true};
+}
+
+struct Row;
+
+// A run of rows, in the order in which they are shown.
+struct Table {
+  const Row* rows = nullptr;
+  std::size_t count = 0;
+
+  constexpr Table() = default;
+  template <std::size_t N>
+  constexpr Table(const Row (&rows)[N]) : rows(rows), count(N) {}
+  // A single row, such as one whose label is made at run time.
+  constexpr Table(const Row& row) : rows(&row), count(1) {}
+
+  const Row* begin() const { return rows; }
+  const Row* end() const;
+};
+
+struct Row {
+  const char* name;
+  const char* description;
+  Bytes bytes;  // a length of 0 reads the bytes of the enclosing group
+  Bits bits;
+  Form form;
+  Gate gate;
+  Table members;  // the properties of a group; empty for a plain field
+  const Words* words;
+
+  constexpr Row since(NVMeVersions versions) const { return gatedBy(nvme::since(versions)); }
+  constexpr Row until(NVMeVersions versions) const { return gatedBy(nvme::until(versions)); }
+  constexpr Row named(const Words& names) const {
+    Row row = *this;
+    row.words = &names;
+    return row;
+  }
+
+ private:
+  constexpr Row gatedBy(Gate more) const {
+    Row row = *this;
+    row.gate = gate & more;
+    return row;
+  }
+};
+
+inline const Row* Table::end() const {
+  return rows + count;
+}
+
+constexpr Bits kWholeValue{63, 0};
+
+constexpr Row field(const char* name, const char* description, Bytes bytes, Form form) {
+  return Row{name, description, bytes, kWholeValue, form, {}, {}, nullptr};
+}
+constexpr Row field(const char* name, const char* description, Bytes bytes, Bits bits, Form form) {
+  return Row{name, description, bytes, bits, form, {}, {}, nullptr};
+}
+// A bit field of the enclosing group's own bytes.
+constexpr Row field(const char* name, const char* description, Bits bits, Form form) {
+  return Row{name, description, Bytes{0, 0}, bits, form, {}, {}, nullptr};
+}
+constexpr Row group(const char* name, const char* description, Bytes bytes, Form form,
+                    Table members) {
+  return Row{name, description, bytes, kWholeValue, form, {}, members, nullptr};
+}
+constexpr Row reserved(const char* name) {
+  return Row{name, "Reserved", Bytes{0, 0}, kWholeValue, empty, {}, {}, nullptr};
+}
+
+// A table whose rows all share one gate on top of their own.
+struct Section {
+  Gate gate;
+  Table rows;
+};
+
+// What a table reads: the payload, where the table's offsets start, and the versions that
+// the device announces.
+struct Source {
+  const core::Payload& payload;
+  uint32_t base;
+  NVMeVersions versions;
+
+  Source at(uint32_t offset) const { return Source{payload, base + offset, versions}; }
+};
+
+// Appends the admitted rows of `rows` to `parent` as child objects: a field as an object
+// with name, description and value, a group likewise with its members as properties.
+void addFields(core::xml::XmlObject& parent, Table rows, const Source& source, Gate gate = Gate{});
+void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sections,
+               const Source& source);
+
+// Appends the admitted rows of `rows` to `parent` as properties.
+void addProperties(core::xml::XmlObject& parent, Table rows, const Source& source);
+
+// Sets the attribute `name` of a root, and copies it to `key`.
+void nameRoot(core::xml::XmlObject& root, const std::string& name);
+
+}  // namespace orlo::features::identify::nvme::table
