@@ -1,0 +1,71 @@
+#include "orlo/features/nvme_get_log/CommandEffectsDecoder.h"
+
+#include <array>
+#include <iomanip>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "orlo/core/Status.h"
+#include "orlo/features/nvme_get_log/CommandEffectsRows.h"
+#include "orlo/features/nvme_get_log/LogTree.h"
+
+namespace orlo::features::nvme_get_log::commandEffects {
+
+namespace {
+
+uint32_t entryAt(const uint8_t* log, uint32_t offset) {
+  return uint32_t{log[offset]} | uint32_t{log[offset + 1]} << 8 | uint32_t{log[offset + 2]} << 16 |
+         uint32_t{log[offset + 3]} << 24;
+}
+
+uint32_t fieldOf(uint32_t entry, const EntryRow& row) {
+  const uint32_t width = row.high - row.low + 1u;
+  return (entry >> row.low) & ((uint32_t{1} << width) - 1u);
+}
+
+// "Admin Command 6 (0x06)".
+std::string commandName(const char* prefix, uint32_t opcode) {
+  std::ostringstream name;
+  name << prefix << opcode << " (0x" << std::uppercase << std::hex << std::setw(2)
+       << std::setfill('0') << opcode << ")";
+  return name.str();
+}
+
+}  // namespace
+
+std::unique_ptr<core::xml::XmlObject> decode(const core::Payload& payload,
+                                             const core::AttributeCollection& deviceAttributes) {
+  auto root = namedObject("Commands Effects Log (Log ID = 5)");
+  if (payload.data() == nullptr || payload.size() < kLogSize) {
+    root->objects().push_back(core::Status::retrieveDataFailed().toXml());
+    return root;
+  }
+  const uint8_t* log = payload.safeCast<std::array<uint8_t, kLogSize>>(0)->data();
+
+  std::vector<const EntryRow*> shownRows;
+  for (const EntryRow& row : entryRows) {
+    if (row.gate == nullptr || core::readBool(deviceAttributes, row.gate())) {
+      shownRows.push_back(&row);
+    }
+  }
+
+  bool noneSupported = true;
+  for (const CommandSetRow& set : commandSetRows) {
+    for (uint32_t opcode = 0; opcode < set.entries; ++opcode) {
+      const uint32_t entry = entryAt(log, set.offset + 4 * opcode);
+      if ((entry & 1u) == 0) continue;
+      noneSupported = false;
+      auto child = std::make_unique<core::xml::XmlObject>();
+      child->attribute("name") = commandName(set.prefix, opcode);
+      for (const EntryRow* row : shownRows) {
+        addNameValue(*child, row->label, std::to_string(fieldOf(entry, *row)));
+      }
+      root->objects().push_back(std::move(child));
+    }
+  }
+  if (noneSupported) addNameValue(*root, "Commands Supported", "0");
+  return root;
+}
+
+}  // namespace orlo::features::nvme_get_log::commandEffects

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+
+#include "orlo/core/Attribute.h"
+#include "orlo/core/PropertyDescriptors.h"
+
+// The Commands Supported and Effects log written down as rows: where its two tables of
+// entries stand, and the fields of one 32-bit entry. CommandEffectsDecoder reads them.
+namespace orlo::features::nvme_get_log::commandEffects {
+
+// The bytes of the log that the decoder needs; a shorter log is not decoded.
+constexpr uint32_t kLogSize = 4096;
+
+// A device attribute that must read true for a row to be shown; null when it always is.
+using Gate = core::Attribute (*)();
+
+// One table: entry i, 4 bytes at `offset` + 4 * i, belongs to opcode i. A child shown for
+// it is named `prefix` and the opcode.
+struct CommandSetRow {
+  const char* prefix;
+  uint32_t offset;
+  uint32_t entries;
+};
+
+inline constexpr CommandSetRow commandSetRows[] = {
+    {"Admin Command ", 0, 256}, {"I/O Command ", 1024, 256},
+    // Bytes 2048 to 4095 are reserved and not read.
+};
+
+// One field of an entry: bits `high` down to `low`, shown in decimal.
+struct EntryRow {
+  const char* label;
+  uint8_t high;
+  uint8_t low;
+  Gate gate;
+};
+
+// Bit 0 also decides whether an entry is shown at all.
+inline constexpr EntryRow entryRows[] = {
+    {"Command Supported", 0, 0, nullptr},
+    {"Logical Block Content Change", 1, 1, nullptr},
+    {"Namespace Capability Change", 2, 2, nullptr},
+    {"Namespace Inventory Change", 3, 3, nullptr},
+    {"Controller Capability Change", 4, 4, nullptr},
+    {"Command Submission and Execution", 18, 16, nullptr},
+    {"UUID Selection Supported", 19, 19, core::properties::nvme1Point4OrGreater},
+    {"Namespace Scope", 20, 20, core::properties::supportCommandEffectsLogEnhancements},
+    {"Controller Scope", 21, 21, core::properties::supportCommandEffectsLogEnhancements},
+    {"NVM Set Scope", 22, 22, core::properties::supportCommandEffectsLogEnhancements},
+    {"Endurance Group Scope", 23, 23, core::properties::supportCommandEffectsLogEnhancements},
+    {"Domain Scope", 24, 24, core::properties::supportCommandEffectsLogEnhancements},
+    {"NVM Subsystem Scope", 25, 25, core::properties::supportCommandEffectsLogEnhancements},
+};
+
+}  // namespace orlo::features::nvme_get_log::commandEffects

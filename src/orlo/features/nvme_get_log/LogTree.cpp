@@ -1,0 +1,21 @@
+#include "orlo/features/nvme_get_log/LogTree.h"
+
+#include "orlo/core/xml/XmlProperty.h"
+
+namespace orlo::features::nvme_get_log {
+
+std::unique_ptr<core::xml::XmlObject> namedObject(const std::string& name) {
+  auto object = std::make_unique<core::xml::XmlObject>();
+  object->attribute("name") = name;
+  object->attribute("key") = name;
+  return object;
+}
+
+void addNameValue(core::xml::XmlObject& parent, const std::string& name, const std::string& value) {
+  auto property = std::make_unique<core::xml::XmlProperty>();
+  property->attribute("name") = name;
+  property->attribute("value") = value;
+  parent.properties().push_back(std::move(property));
+}
+
+}  // namespace orlo::features::nvme_get_log
