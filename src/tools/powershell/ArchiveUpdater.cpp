@@ -1,0 +1,110 @@
+#include "ArchiveUpdater.h"
+
+#include "DosTime.h"
+#include "EntryName.h"
+#include "Messages.h"
+#include "ProgressLine.h"
+
+namespace orlo::tools::powershell {
+
+namespace {
+
+struct CompressionRow {
+  CompressionLevel level;
+  zip_int32_t method;
+  zip_uint32_t zlibLevel;
+};
+
+constexpr CompressionRow kCompression[] = {
+    {CompressionLevel::Optimal, ZIP_CM_DEFLATE, 6},
+    {CompressionLevel::Fastest, ZIP_CM_DEFLATE, 1},
+    {CompressionLevel::NoCompression, ZIP_CM_STORE, 0},
+};
+
+const CompressionRow& compressionFor(CompressionLevel level) {
+  for (const auto& row : kCompression) {
+    if (row.level == level) return row;
+  }
+  return kCompression[0];
+}
+
+}  // namespace
+
+ArchiveUpdater::ArchiveUpdater(const ArchiveTarget& target, const CompressArchiveRequest& request)
+    : target_(target), request_(request), file_(target.file) {}
+
+ArchiveUpdater::~ArchiveUpdater() {
+  if (archive_ != nullptr) zip_discard(archive_);
+}
+
+Error ArchiveUpdater::write(const std::vector<PlannedEntry>& entries) {
+  if (Error error = open()) return error;
+  if (Error error = indexExistingEntries()) return error;
+  for (const PlannedEntry& entry : entries) {
+    if (Error error = add(entry)) return error;
+  }
+  ProgressLine progress(target_.shownName);
+  progress.follow(archive_);
+  if (zip_close(archive_) != 0) return notWritten();
+  archive_ = nullptr;
+  return std::nullopt;
+}
+
+Error ArchiveUpdater::open() {
+  int flags = ZIP_CREATE | ZIP_EXCL;
+  if (target_.exists) flags = request_.force ? ZIP_TRUNCATE : ZIP_CHECKCONS;
+  zip_error_t error;
+  zip_error_init(&error);
+  zip_source_t* source = file_.makeSource(&error);
+  if (source != nullptr) archive_ = zip_open_from_source(source, flags, &error);
+  Error result;
+  if (archive_ == nullptr) {
+    zip_source_free(source);
+    result = messages::archiveInvalid(target_.shownName, zip_error_strerror(&error));
+  }
+  zip_error_fini(&error);
+  return result;
+}
+
+Error ArchiveUpdater::indexExistingEntries() {
+  const zip_int64_t count = zip_get_num_entries(archive_, 0);
+  for (zip_uint64_t index = 0; index < static_cast<zip_uint64_t>(count); ++index) {
+    const char* name = zip_get_name(archive_, index, 0);
+    if (name == nullptr) {
+      return messages::archiveInvalid(target_.shownName, zip_strerror(archive_));
+    }
+    if (!isSafeEntryName(name)) return messages::archiveEntryUnsafe(target_.shownName, name);
+    byName_[foldCase(name)].push_back(index);
+  }
+  return std::nullopt;
+}
+
+Error ArchiveUpdater::add(const PlannedEntry& entry) {
+  for (zip_uint64_t index : byName_[foldCase(entry.name)]) {
+    if (zip_delete(archive_, index) != 0) return notWritten();
+  }
+  zip_int64_t index = -1;
+  if (entry.isFolder()) {
+    index = zip_dir_add(archive_, entry.name.c_str(), ZIP_FL_ENC_UTF_8);
+  } else {
+    zip_source_t* data = zip_source_file(archive_, entry.source.c_str(), 0, -1);
+    if (data != nullptr) index = zip_file_add(archive_, entry.name.c_str(), data, ZIP_FL_ENC_UTF_8);
+    if (data != nullptr && index < 0) zip_source_free(data);
+  }
+  if (index < 0) return notWritten();
+  const auto position = static_cast<zip_uint64_t>(index);
+  const CompressionRow& compression =
+      compressionFor(entry.isFolder() ? CompressionLevel::NoCompression : request_.level);
+  if (zip_set_file_compression(archive_, position, compression.method, compression.zlibLevel) !=
+          0 ||
+      zip_file_set_mtime(archive_, position, clampToDosRange(entry.modified), 0) != 0) {
+    return notWritten();
+  }
+  return std::nullopt;
+}
+
+Error ArchiveUpdater::notWritten() {
+  return messages::archiveNotWritten(target_.shownName, zip_strerror(archive_));
+}
+
+}  // namespace orlo::tools::powershell

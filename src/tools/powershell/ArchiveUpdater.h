@@ -1,0 +1,45 @@
+#pragma once
+
+#include <zip.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "CompressArchiveRequest.h"
+#include "Destination.h"
+#include "DurableArchiveFile.h"
+#include "Error.h"
+#include "PlannedEntry.h"
+
+namespace orlo::tools::powershell {
+
+// Writes planned entries into the archive: an entry whose name equals an
+// existing one's without regard to case replaces it, the others are added,
+// and the entries not named are copied as they are, never recompressed. The
+// old archive is refused when libzip finds it inconsistent or when an entry
+// name leaves the extraction folder; any failure leaves it as it was.
+class ArchiveUpdater {
+ public:
+  ArchiveUpdater(const ArchiveTarget& target, const CompressArchiveRequest& request);
+  ~ArchiveUpdater();
+  ArchiveUpdater(const ArchiveUpdater&) = delete;
+  ArchiveUpdater& operator=(const ArchiveUpdater&) = delete;
+
+  Error write(const std::vector<PlannedEntry>& entries);
+
+ private:
+  Error open();
+  Error indexExistingEntries();
+  Error add(const PlannedEntry& entry);
+  Error notWritten();
+
+  const ArchiveTarget& target_;
+  const CompressArchiveRequest& request_;
+  DurableArchiveFile file_;
+  zip_t* archive_ = nullptr;
+  // Entry indices by name without regard to case.
+  std::map<std::u32string, std::vector<zip_uint64_t>> byName_;
+};
+
+}  // namespace orlo::tools::powershell

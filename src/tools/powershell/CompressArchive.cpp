@@ -1,0 +1,26 @@
+#include "CompressArchive.h"
+
+#include "ArchiveUpdater.h"
+#include "Destination.h"
+#include "EntryCollector.h"
+#include "Messages.h"
+#include "SourceResolver.h"
+
+namespace orlo::tools::powershell {
+
+Error compressArchive(const CompressArchiveRequest& request) {
+  std::vector<ResolvedSource> sources;
+  if (Error error = resolveSources(request, sources)) return error;
+  ArchiveTarget target;
+  if (Error error = resolveDestination(request, target)) return error;
+
+  EntryCollector collector(target);
+  for (const ResolvedSource& source : sources) {
+    if (Error error = collector.add(source)) return error;
+  }
+  const std::vector<PlannedEntry> entries = collector.entries();
+  if (entries.empty()) return messages::nothingToAdd(target.shownName);
+  return ArchiveUpdater(target, request).write(entries);
+}
+
+}  // namespace orlo::tools::powershell

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <zip.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+namespace orlo::tools::powershell {
+
+// The archive file as libzip reads and writes it. libzip reads the old archive
+// through it and writes the new one into a temporary file beside it; on commit
+// the temporary file is flushed to disk, renamed over the archive and the
+// folder is flushed too, so that a crash at any instant leaves either the old
+// archive or the new one. libzip's own file source renames without flushing.
+// It refuses to remove the archive: an update never deletes it.
+class DurableArchiveFile {
+ public:
+  explicit DurableArchiveFile(std::filesystem::path file);
+  ~DurableArchiveFile();
+  DurableArchiveFile(const DurableArchiveFile&) = delete;
+  DurableArchiveFile& operator=(const DurableArchiveFile&) = delete;
+
+  // A libzip source on the file; this object must outlive it.
+  zip_source_t* makeSource(zip_error_t* error);
+
+ private:
+  static zip_int64_t dispatch(void* self, void* data, zip_uint64_t length,
+                              zip_source_cmd_t command);
+  zip_int64_t fail(int zipError, int systemError);
+
+  bool haveInput();
+  zip_int64_t openForReading();
+  zip_int64_t stat(void* data, zip_uint64_t length);
+  zip_int64_t read(void* data, zip_uint64_t length);
+  zip_int64_t seek(void* data, zip_uint64_t length);
+  zip_int64_t beginWrite();
+  zip_int64_t write(const void* data, zip_uint64_t length);
+  zip_int64_t seekWrite(void* data, zip_uint64_t length);
+  zip_int64_t tellWrite();
+  zip_int64_t commitWrite();
+  void rollbackWrite();
+
+  std::filesystem::path file_;
+  zip_error_t error_;
+  int input_ = -1;  // the old archive, opened on first use
+  zip_uint64_t inputSize_ = 0;
+  zip_uint64_t inputOffset_ = 0;
+  mode_t inputMode_ = 0;
+  std::FILE* output_ = nullptr;  // the temporary file while writing
+  std::string temporary_;
+};
+
+}  // namespace orlo::tools::powershell

@@ -1,0 +1,146 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <zip.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+struct ProviderRun {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+struct ArchivedEntry {
+  std::string data;
+  std::string raw;  // as stored, still compressed
+  zip_uint16_t method = 0;
+  time_t modified = 0;
+};
+
+inline std::string readBytes(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+inline void writeBytes(const fs::path& path, const std::string& data) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << data;
+}
+
+inline std::string readAll(zip_t* archive, zip_uint64_t index, zip_flags_t flags) {
+  std::string data;
+  zip_file_t* file = zip_fopen_index(archive, index, flags);
+  if (file == nullptr) return "<unreadable>";
+  char buffer[65536];
+  for (zip_int64_t got; (got = zip_fread(file, buffer, sizeof buffer)) > 0;)
+    data.append(buffer, got);
+  zip_fclose(file);
+  return data;
+}
+
+// Every entry of an archive, read back through libzip with its consistency check.
+inline std::map<std::string, ArchivedEntry> readArchive(const fs::path& path) {
+  std::map<std::string, ArchivedEntry> entries;
+  int error = 0;
+  zip_t* archive = zip_open(path.c_str(), ZIP_RDONLY | ZIP_CHECKCONS, &error);
+  if (archive == nullptr) {
+    ADD_FAILURE() << path << " does not open, libzip error " << error;
+    return entries;
+  }
+  for (zip_int64_t index = 0; index < zip_get_num_entries(archive, 0); ++index) {
+    zip_stat_t status;
+    zip_stat_index(archive, index, 0, &status);
+    entries[status.name] = {readAll(archive, index, 0), readAll(archive, index, ZIP_FL_COMPRESSED),
+                            status.comp_method, status.mtime};
+  }
+  zip_discard(archive);
+  return entries;
+}
+
+inline std::set<std::string> namesIn(const std::map<std::string, ArchivedEntry>& entries) {
+  std::set<std::string> names;
+  for (const auto& entry : entries) names.insert(entry.first);
+  return names;
+}
+
+// Writes an archive with libzip: name -> contents, deflated at level 9.
+inline void makeArchive(const fs::path& path, const std::map<std::string, std::string>& contents) {
+  int error = 0;
+  zip_t* archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
+  ASSERT_NE(archive, nullptr);
+  for (const auto& [name, data] : contents) {
+    zip_source_t* source = zip_source_buffer(archive, data.data(), data.size(), 0);
+    const zip_int64_t index = zip_file_add(archive, name.c_str(), source, 0);
+    ASSERT_GE(index, 0) << zip_strerror(archive);
+    zip_set_file_compression(archive, index, ZIP_CM_DEFLATE, 9);
+  }
+  ASSERT_EQ(zip_close(archive), 0);
+}
+
+inline pid_t startProvider(const std::vector<std::string>& words, const fs::path& folder, int out,
+                           int err) {
+  const pid_t child = fork();
+  if (child == 0) {
+    std::vector<char*> argv{const_cast<char*>(ORLO_POWERSHELL_PATH)};
+    for (const auto& word : words) argv.push_back(const_cast<char*>(word.c_str()));
+    argv.push_back(nullptr);
+    if (chdir(folder.c_str()) != 0 || dup2(out, 1) < 0 || dup2(err, 2) < 0) _exit(126);
+    execv(argv[0], argv.data());
+    _exit(127);
+  }
+  return child;
+}
+
+// A fresh folder per test, in which the provider runs.
+class ProviderTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "orlo-powershell-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    dir = name;
+  }
+  void TearDown() override { fs::remove_all(dir); }
+
+  ProviderRun run(const std::vector<std::string>& words) {
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    ProviderRun result;
+    waitpid(startProvider(words, dir, fileno(out), fileno(err)), &result.status, 0);
+    result.status = WIFEXITED(result.status) ? WEXITSTATUS(result.status) : -1;
+    for (auto [file, text] : {std::pair{out, &result.out}, std::pair{err, &result.err}}) {
+      std::rewind(file);
+      for (int c; (c = std::fgetc(file)) != EOF;) text->push_back(static_cast<char>(c));
+      std::fclose(file);
+    }
+    return result;
+  }
+
+  // Runs a command that must succeed quietly.
+  void runQuietly(const std::vector<std::string>& words) {
+    const ProviderRun result = run(words);
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
+  }
+
+  std::set<std::string> filesInDir() const {
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(dir)) names.insert(entry.path().filename());
+    return names;
+  }
+
+  fs::path dir;
+};

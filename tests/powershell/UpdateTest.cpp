@@ -1,0 +1,69 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <ctime>
+
+#include "ProviderFixture.h"
+
+namespace {
+
+TEST_F(ProviderTest, ReplacesWithoutRegardToCaseAndCopiesTheRestAsItIs) {
+  const std::string text(20000, 'k');
+  makeArchive(dir / "x.zip", {{"README.TXT", "old"}, {"Dir/Keep.txt", text}});
+  const auto before = readArchive(dir / "x.zip");
+  writeBytes(dir / "readme.txt", "new");
+  runQuietly(
+      {"Compress-Archive", "readme.txt", "x.zip", "-Update", "-CompressionLevel", "Fastest"});
+
+  const auto after = readArchive(dir / "x.zip");
+  EXPECT_EQ(namesIn(after), (std::set<std::string>{"Dir/Keep.txt", "readme.txt"}));
+  EXPECT_EQ(after.at("readme.txt").data, "new");
+  // Deflated at level 9 before: a recompression at level 1 would change these bytes.
+  EXPECT_EQ(after.at("Dir/Keep.txt").raw, before.at("Dir/Keep.txt").raw);
+  EXPECT_EQ(after.at("Dir/Keep.txt").data, text);
+}
+
+TEST_F(ProviderTest, CompressionLevelChoosesTheMethod) {
+  std::string text;
+  for (int line = 0; line < 4000; ++line)
+    text += "line " + std::to_string(line * 7919 % 1000) + "\n";
+  writeBytes(dir / "t.txt", text);
+  std::map<std::string, ArchivedEntry> entries;
+  for (const char* level : {"Optimal", "Fastest", "NoCompression"}) {
+    runQuietly(
+        {"Compress-Archive", "t.txt", std::string(level) + ".zip", "-CompressionLevel", level});
+    entries[level] = readArchive(dir / (std::string(level) + ".zip")).at("t.txt");
+    EXPECT_EQ(entries[level].data, text);
+  }
+  EXPECT_EQ(entries["NoCompression"].method, ZIP_CM_STORE);
+  EXPECT_EQ(entries["Fastest"].method, ZIP_CM_DEFLATE);
+  EXPECT_EQ(entries["Optimal"].method, ZIP_CM_DEFLATE);
+  EXPECT_LT(entries["Optimal"].raw.size(), entries["Fastest"].raw.size());
+}
+
+TEST_F(ProviderTest, StoresLocalTimeFrom1980On) {
+  // A zone without summer time, away from UTC: a UTC stamp would be three hours off.
+  const char* zone = std::getenv("TZ");
+  const std::string saved = zone != nullptr ? zone : "";
+  setenv("TZ", "ORL-3", 1);
+  tzset();
+  std::tm early{};
+  early.tm_year = 80;
+  early.tm_mday = 1;
+  early.tm_isdst = -1;
+  const std::time_t dosEpoch = std::mktime(&early);
+  const std::time_t recent = 1623758410;  // 2021-06-15 12:00:10 UTC
+  const std::vector<std::pair<std::time_t, std::time_t>> cases = {
+      {recent, recent}, {recent + 1, recent}, {174600000, dosEpoch}, {-86400, dosEpoch}};
+  for (const auto& [modified, stored] : cases) {
+    writeBytes(dir / "t.txt", "t");
+    const timespec times[2] = {{modified, 0}, {modified, 0}};
+    utimensat(AT_FDCWD, (dir / "t.txt").c_str(), times, 0);
+    runQuietly({"Compress-Archive", "t.txt", "x.zip", "-Force"});
+    EXPECT_EQ(readArchive(dir / "x.zip").at("t.txt").modified, stored) << modified;
+  }
+  zone != nullptr ? setenv("TZ", saved.c_str(), 1) : unsetenv("TZ");
+  tzset();
+}
+
+}  // namespace
