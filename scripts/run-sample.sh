@@ -1,8 +1,15 @@
 #!/usr/bin/env bash
-# Installs what is needed, builds orlo and runs it on the bundled sample data.
+# Installs what is needed, builds orlo, installs it into build/stage and runs the main
+# job: one more file into a copy of the sample incident-report archive.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$(nproc)"
-./build/src/host/orlo --version
+cmake --install build --prefix build/stage >/dev/null
+
+mkdir -p build/sample
+cp samples/incident-report.zip build/sample/incident-report.zip
+build/stage/bin/orlo update -source samples/drive-notes.txt \
+  -destination build/sample/incident-report.zip
+unzip -l build/sample/incident-report.zip

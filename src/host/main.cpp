@@ -1,11 +1,83 @@
-#include <cstring>
+// orlo: loads the plug-ins, reads the command line against their commands, runs the
+// chosen command and renders its result. See ExitCode.h for what it gives back.
+
 #include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/CommandChoice.h"
+#include "host/CommandRunner.h"
+#include "host/ExitCode.h"
+#include "host/HelpWriter.h"
+#include "host/HostSettings.h"
+#include "host/InstallLayout.h"
+#include "host/PathGuard.h"
+#include "host/PluginSet.h"
+#include "host/ProviderPath.h"
+#include "host/ResultRenderer.h"
+#include "plugins/plugin.cliframework/SharedParts.h"
+
+namespace orlo::host {
+
+namespace {
+
+int exitWith(ExitCode code) {
+  return static_cast<int>(code);
+}
+
+int refuse(const std::string& message) {
+  std::cerr << "orlo: " << message << std::endl;
+  return exitWith(ExitCode::refused);
+}
+
+// Everything a plug-in hands back is gone when this returns, before the plug-ins
+// are unloaded.
+int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettings& settings,
+                   const InstallLayout& layout, const std::vector<std::string>& words) {
+  if (asksForHelp(words)) {
+    std::cout << writeHelp(registry.commands, words);
+    return exitWith(ExitCode::success);
+  }
+  CommandChoice choice = chooseCommand(registry.commands, words);
+  if (choice.spec == nullptr) return refuse(choice.error);
+  // "-output" is the host's; a command that declares it checks its value as well.
+  if (settings.outputGiven && choice.spec->options.contains(plugin::cli::outputOption.name)) {
+    auto output = std::make_shared<plugin::cli::ParsedArgument>();
+    output->kind = plugin::cli::CommandSpecPart::optionKind;
+    output->name = plugin::cli::outputOption.name;
+    output->value = settings.outputFormat;
+    choice.command.options.add(output);
+  }
+  if (auto unsafe = findUnsafePath(choice.command)) return refuse(*unsafe);
+
+  putFirstOnPath(layout.providerDirectory());
+  const RunOutcome outcome = runCommand(registry, choice.spec, choice.command);
+  if (outcome.result == nullptr) {
+    std::cout.flush();
+    std::cerr << "orlo: " << outcome.failure << std::endl;
+    return exitWith(ExitCode::pluginFailed);
+  }
+  std::cout << render(*outcome.result, settings.outputFormat) << std::flush;
+  return exitWith(exitCodeFor(*outcome.result));
+}
+
+}  // namespace
+
+}  // namespace orlo::host
 
 int main(int argc, char** argv) {
-  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
-    std::cout << "orlo " << ORLO_VERSION << "\n";
-    return 0;
+  using namespace orlo::host;
+  std::vector<std::string> words(argv + 1, argv + argc);
+  const InstallLayout layout = InstallLayout::ofRunningProgram();
+  HostSettings settings;
+  settings.pluginDirectory = layout.pluginDirectory();
+  if (auto error = takeHostFlags(words, settings)) return refuse(*error);
+
+  PluginSet plugins;
+  if (auto failure = plugins.load(settings.pluginDirectory, settings.logFile)) {
+    std::cerr << "orlo: " << *failure << std::endl;
+    return exitWith(ExitCode::pluginFailed);
   }
-  std::cerr << "usage: orlo --version\n";
-  return 2;
+  return runCommandLine(plugins.registry(), settings, layout, words);
 }

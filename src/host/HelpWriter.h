@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "plugins/plugin.cliframework/CommandSpec.h"
+
+namespace orlo::host {
+
+// True for `orlo`, `orlo help ...`, `orlo -help ...` and `orlo <verb> ... -help`
+// (or "-h", in any case).
+bool asksForHelp(const std::vector<std::string>& words);
+
+// The usage of orlo and of the commands that `words` ask about: after "help" or
+// "-help", those that every one of "Verb=<verb>", "Name=<name>" and bare words (a
+// verb or a name) picks, all of them if there are none; after a verb, the commands
+// of that verb. Each command shows its synopsis and a table of its options,
+// targets and properties.
+std::string writeHelp(const plugin::cli::CommandSpecs& specs,
+                      const std::vector<std::string>& words);
+
+}  // namespace orlo::host

@@ -1,0 +1,68 @@
+#include "host/HostSettings.h"
+
+#include <algorithm>
+
+#include "orlo/core/Strings.h"
+#include "plugins/plugin.cliframework/Vocabulary.h"
+
+namespace orlo::host {
+
+namespace {
+
+using orlo::core::strings::iequals;
+
+const std::string outputFlag = "-output";
+const std::string pluginDirFlag = "-plugin-dir";
+const std::string logFileFlag = "-log-file";
+
+const std::vector<std::string> formats = {plugin::cli::formats::text, plugin::cli::formats::json,
+                                          plugin::cli::formats::xml, plugin::cli::formats::csv};
+
+bool isHostFlag(const std::string& word) {
+  return iequals(word, outputFlag) || iequals(word, pluginDirFlag) || iequals(word, logFileFlag);
+}
+
+std::optional<std::string> apply(const std::string& flag, const std::string& value,
+                                 HostSettings& settings) {
+  if (iequals(flag, pluginDirFlag)) {
+    settings.pluginDirectory = value;
+  } else if (iequals(flag, logFileFlag)) {
+    settings.logFile = value;
+  } else {
+    const auto format = std::find_if(formats.begin(), formats.end(),
+                                     [&](const auto& known) { return iequals(known, value); });
+    if (format == formats.end()) {
+      return "Option -output expects 'text', 'json', 'xml', or 'csv', not '" + value + "'.";
+    }
+    settings.outputFormat = *format;
+    settings.outputGiven = true;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+const std::vector<HostFlag> hostFlags = {
+    {"-output", "text|json|xml|csv", "Format of the result (default text)."},
+    {"-plugin-dir", "path", "Folder of the plug-ins (default PREFIX/lib/orlo/plugins)."},
+    {"-log-file", "path", "Append a log to this file (default: no log)."},
+};
+
+std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings) {
+  std::vector<std::string> rest;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (!isHostFlag(words[i])) {
+      rest.push_back(words[i]);
+      continue;
+    }
+    if (i + 1 == words.size() || words[i + 1].empty() || words[i + 1][0] == '-') {
+      return "Option " + words[i] + " needs a value.";
+    }
+    if (auto error = apply(words[i], words[i + 1], settings)) return error;
+    ++i;
+  }
+  words = std::move(rest);
+  return std::nullopt;
+}
+
+}  // namespace orlo::host

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "plugins/plugin.cliframework/ResultBase.h"
+
+namespace orlo::host {
+
+// The result in one of the formats "text", "json", "xml" or "csv", at the top level,
+// ending with a line feed.
+std::string render(const plugin::cli::ResultBase& result, const std::string& format);
+
+}  // namespace orlo::host
