@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -44,22 +43,11 @@ class UpdateIncidentReport : public ::testing::Test {
     setenv("PATH", (folder + ":" + std::getenv("PATH")).c_str(), 1);
   }
 
-  // A stand-in provider that fails, first on PATH.
-  void useFailingProvider() {
-    const std::string provider = scratch / "powershell";
-    writeFile(provider, "#!/bin/sh\nexit 1\n");
-    chmod(provider.c_str(), 0755);
-    putFirstOnPath(scratch.path().string());
-  }
-
   std::shared_ptr<plugin::cli::ResultBase> execute(const Options& options) {
     plugin::cli::ParsedCommand command;
-    command.verb = "update";
     for (const auto& [name, value] : options) {
-      auto argument = std::make_shared<plugin::cli::ParsedArgument>();
-      argument->name = name;
-      argument->value = value;
-      command.options.add(argument);
+      command.options.add(std::make_shared<plugin::cli::ParsedArgument>(
+          plugin::cli::ParsedArgument{0, name, value}));
     }
     const auto& spec = registry_.commands.at(0);
     return registry_.commandOwners.at(spec.get())->execute(spec->id, command);
@@ -69,9 +57,16 @@ class UpdateIncidentReport : public ::testing::Test {
     ::testing::internal::CaptureStdout();
     const auto result = execute(options);
     const std::string output = ::testing::internal::GetCapturedStdout();
-    const auto* status = dynamic_cast<const plugin::cli::SimpleResult*>(result.get());
-    EXPECT_NE(status, nullptr);
-    return {output, result->value, status != nullptr ? status->type : -1};
+    const auto& status = dynamic_cast<const plugin::cli::SimpleResult&>(*result);
+    return {output, status.value, status.type};
+  }
+
+  // The two lines of "-v", for `destination` turned into `archiveName`.
+  std::string verboseLines(const std::string& destination, const std::string& archiveName,
+                           const std::string& result) const {
+    return "Zip command: powershell Compress-Archive -Path " + source +
+           " -Update -DestinationPath " + archiveName + "\nAdding " + source + " to " +
+           destination + "; Result: " + result + "\n";
   }
 
   orlo::testing::ScratchDirectory scratch;
@@ -85,93 +80,74 @@ class UpdateIncidentReport : public ::testing::Test {
 };
 
 TEST_F(UpdateIncidentReport, AddsTheSourceOrReplacesTheEntryOfItsName) {
-  const orlo::testing::ZipEntries before[] = {{{"readme.txt", "old"}},
-                                              {{"readme.txt", "old"}, {"note.txt", "old note"}}};
-  for (const auto& entries : before) {
-    writeZip(archive, entries);
-    const Outcome result = run({{"-source", source}, {"-destination", archive}});
-    EXPECT_EQ(result.type, 0);
-    EXPECT_EQ(result.message, succeeded);
-    EXPECT_EQ(result.output, succeeded + "\n");
-    const orlo::testing::ZipEntries expected = {{"readme.txt", "old"}, {"note.txt", "new note"}};
+  const orlo::testing::ZipEntries expected = {{"readme.txt", "old"}, {"note.txt", "new note"}};
+  for (const auto& before : {orlo::testing::ZipEntries{{"readme.txt", "old"}},
+                             orlo::testing::ZipEntries{{"readme.txt", "old"}, {"note.txt", "x"}}}) {
+    writeZip(archive, before);
+    const Outcome outcome = run({{"-source", source}, {"-destination", archive}});
+    EXPECT_EQ(outcome.type, 0);
+    EXPECT_EQ(outcome.message, succeeded);
+    EXPECT_EQ(outcome.output, succeeded + "\n");
     EXPECT_EQ(readZip(archive), expected);
   }
 }
 
-TEST_F(UpdateIncidentReport, ADestinationWithoutZipIsRenamedForTheRunAndBack) {
-  const std::string report = scratch / "report";
-  std::filesystem::rename(archive, report);
-  writeFile(archive, "a stale file that the first rename replaces");
-
-  const Outcome result = run({{"-source", source}, {"-destination", report}, {"-v", ""}});
-  EXPECT_EQ(result.output, "Zip command: powershell Compress-Archive -Path " + source +
-                               " -Update -DestinationPath " + report + ".zip\nAdding " + source +
-                               " to " + report + "; Result: Success\n" + succeeded + "\n");
-  EXPECT_FALSE(std::filesystem::exists(archive));
-  EXPECT_EQ(readZip(report).count("note.txt"), 1u);
-}
-
-TEST_F(UpdateIncidentReport, AnUpperCaseZipNameIsUsedAsItIs) {
-  const std::string upper = scratch / "report.ZIP";
-  std::filesystem::rename(archive, upper);
-  const Outcome result = run({{"-source", source}, {"-destination", upper}, {"-v", ""}});
-  EXPECT_EQ(result.output.rfind("Zip command: powershell Compress-Archive -Path " + source +
-                                    " -Update -DestinationPath " + upper + "\n",
-                                0),
-            0u)
-      << result.output;
-  EXPECT_EQ(readZip(upper).count("note.txt"), 1u);
+TEST_F(UpdateIncidentReport, OnlyANameWithoutZipIsRenamedForTheRunAndBack) {
+  const std::pair<std::string, std::string> names[] = {{"report", "report.zip"},
+                                                       {"report.ZIP", "report.ZIP"}};
+  for (const auto& [name, archiveName] : names) {
+    const std::string destination = scratch / name;
+    std::filesystem::rename(archive, destination);
+    writeFile(archive, "a stale file under the temporary name");
+    const Outcome outcome = run({{"-source", source}, {"-destination", destination}, {"-v", ""}});
+    EXPECT_EQ(outcome.output,
+              verboseLines(destination, scratch / archiveName, "Success") + succeeded + "\n");
+    EXPECT_EQ(readZip(destination).count("note.txt"), 1u);
+    // The stale file is replaced and then gone only where the temporary name was used.
+    EXPECT_EQ(std::filesystem::exists(archive), archiveName != "report.zip");
+    std::filesystem::rename(destination, archive);
+  }
 }
 
 TEST_F(UpdateIncidentReport, AMissingPathIsNamedAndNothingIsPrinted) {
   const std::string missing = scratch / "missing";
-  const struct {
-    Options options;
-    std::string message;
-  } cases[] = {
+  const std::pair<Options, std::string> cases[] = {
       {{{"-source", missing}, {"-destination", archive}}, "Failed to open source file: " + missing},
       {{{"-source", source}, {"-destination", missing}},
        "Failed to open destination file: " + missing},
       {{{"-source", missing}, {"-destination", missing}}, "Failed to open source file: " + missing},
       {{}, "Failed to open source file: "},
   };
-  for (const auto& c : cases) {
-    const Outcome result = run(c.options);
-    EXPECT_EQ(result.message, c.message);
-    EXPECT_EQ(result.type, 2);
-    EXPECT_EQ(result.output, "");
+  for (const auto& [options, message] : cases) {
+    const Outcome outcome = run(options);
+    EXPECT_EQ(outcome.message, message);
+    EXPECT_EQ(outcome.type, 2);
+    EXPECT_EQ(outcome.output, "");
   }
 }
 
 TEST_F(UpdateIncidentReport, AFailingProviderIsPrintedOnceAndReturned) {
-  useFailingProvider();
+  writeFile(scratch / "powershell", "#!/bin/sh\nexit 1\n");
+  chmod((scratch / "powershell").c_str(), 0755);
+  putFirstOnPath(scratch.path().string());
   const std::string failed = "Failed to update destination file with " + source;
-  Outcome result = run({{"-source", source}, {"-destination", archive}});
-  EXPECT_EQ(result.output, failed + "\n");
-  EXPECT_EQ(result.message, failed);
-  EXPECT_EQ(result.type, 2);
 
-  result = run({{"-source", source}, {"-destination", archive}, {"-v", ""}});
-  EXPECT_EQ(result.output, "Zip command: powershell Compress-Archive -Path " + source +
-                               " -Update -DestinationPath " + archive + "\nAdding " + source +
-                               " to " + archive + "; Result: Failure\n" + failed + "\n");
-  const orlo::testing::ZipEntries unchanged = {{"readme.txt", "old"}};
-  EXPECT_EQ(readZip(archive), unchanged);
+  Outcome outcome = run({{"-source", source}, {"-destination", archive}});
+  EXPECT_EQ(outcome.output, failed + "\n");
+  EXPECT_EQ(outcome.message, failed);
+  EXPECT_EQ(outcome.type, 2);
+  outcome = run({{"-source", source}, {"-destination", archive}, {"-v", ""}});
+  EXPECT_EQ(outcome.output, verboseLines(archive, archive, "Failure") + failed + "\n");
 }
 
-TEST_F(UpdateIncidentReport, VvPrintsWhatVPrints) {
-  const Options paths = {{"-source", source}, {"-destination", archive}};
-  auto with = [&](Options extra) {
-    extra.insert(extra.begin(), paths.begin(), paths.end());
-    return run(extra).output;
-  };
-  const std::string quiet = with({});
-  const std::string verbose = with({{"-v", ""}});
-  EXPECT_EQ(quiet, succeeded + "\n");
-  EXPECT_EQ(verbose.rfind("Zip command: ", 0), 0u);
-  EXPECT_NE(verbose.find("; Result: Success\n" + succeeded + "\n"), std::string::npos);
-  EXPECT_EQ(with({{"-vv", ""}}), verbose);
-  EXPECT_EQ(with({{"-v", ""}, {"-vv", ""}}), verbose);
+TEST_F(UpdateIncidentReport, VPrintsTheCommandAndItsOutcomeAndVvActsAsV) {
+  const std::string verbose = verboseLines(archive, archive, "Success") + succeeded + "\n";
+  for (const auto& flags :
+       {Options{{"-v", ""}}, Options{{"-vv", ""}}, Options{{"-v", ""}, {"-vv", ""}}}) {
+    Options options = {{"-source", source}, {"-destination", archive}};
+    options.insert(options.end(), flags.begin(), flags.end());
+    EXPECT_EQ(run(options).output, verbose);
+  }
 }
 
 TEST_F(UpdateIncidentReport, AFailedRenameLeavesAsAFileSystemError) {
