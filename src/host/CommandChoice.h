@@ -9,7 +9,7 @@
 
 namespace orlo::host {
 
-// The command that a command line asks for, read against its specification.
+// The command that a command line asks for, read against its command specification.
 struct CommandChoice {
   std::shared_ptr<plugin::cli::CommandSpec> spec;  // null when the line is refused
   plugin::cli::ParsedCommand command;

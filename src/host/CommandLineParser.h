@@ -11,7 +11,7 @@ namespace orlo::host {
 // A command line read against one command specification.
 struct ParseOutcome {
   plugin::cli::ParsedCommand command;
-  std::string error;           // empty when the words fit the specification
+  std::string error;           // empty when the words fit the command specification
   bool knowsEveryWord = true;  // false when a word is not the command's at all
 };
 
