@@ -1,0 +1,141 @@
+#include "devices/DriveAttributes.h"
+
+#include <cstdint>
+#include <string>
+
+#include "orlo/commands/ata/IdentifyDevice.h"
+#include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/PropertyDescriptors.h"
+#include "orlo/core/Strings.h"
+
+namespace orlo::devices {
+
+namespace {
+
+namespace properties = core::properties;
+using Descriptor = core::Attribute (*)();
+
+struct TextField {
+  Descriptor descriptor;
+  uint32_t offset;
+  uint32_t length;
+};
+
+struct FlagField {
+  Descriptor descriptor;
+  uint32_t offset;
+  uint32_t width;
+  uint32_t bit;
+};
+
+struct VersionGate {
+  Descriptor descriptor;
+  uint32_t version;  // major in bits 31:16, minor in bits 15:8
+};
+
+// Identify Controller.
+constexpr TextField kNvmeTexts[] = {
+    {properties::serialNumber, 4, 20},  // SN
+    {properties::modelNumber, 24, 40},  // MN
+    {properties::firmware, 64, 8},      // FR
+};
+constexpr FlagField kNvmeFlags[] = {
+    {properties::uuidSupported, 96, 4, 9},                          // CTRATT
+    {properties::namespaceManagementSupported, 256, 2, 3},          // OACS
+    {properties::supportCommandEffectsLogEnhancements, 261, 1, 5},  // LPA
+};
+constexpr uint32_t kNvmeVendorId = 0;           // VID
+constexpr uint32_t kNvmeSubsystemVendorId = 2;  // SSVID
+constexpr uint32_t kNvmeVersion = 80;           // VER
+constexpr VersionGate kVersionGates[] = {
+    {properties::nvme1Point1OrGreater, 0x00010100}, {properties::nvme1Point2OrGreater, 0x00010200},
+    {properties::nvme1Point3OrGreater, 0x00010300}, {properties::nvme1Point4OrGreater, 0x00010400},
+    {properties::nvme2Point0OrGreater, 0x00020000},
+};
+
+// IDENTIFY DEVICE, by word: each word holds two characters, the first in its high byte.
+constexpr TextField kAtaTexts[] = {
+    {properties::serialNumber, 10, 10},  // words 10-19
+    {properties::firmware, 23, 4},       // words 23-26
+    {properties::modelNumber, 27, 20},   // words 27-46
+};
+
+uint32_t readLittleEndian(const core::Payload& data, uint32_t offset, uint32_t width) {
+  uint32_t value = 0;
+  for (uint32_t i = 0; i < width; ++i) value |= static_cast<uint32_t>(data[offset + i]) << (8 * i);
+  return value;
+}
+
+std::string nvmeText(const core::Payload& data, const TextField& field) {
+  return core::strings::sanitize(
+      std::string(reinterpret_cast<const char*>(data.data()) + field.offset, field.length));
+}
+
+std::string ataText(const core::Payload& data, const TextField& field) {
+  std::string text;
+  for (uint32_t word = field.offset; word < field.offset + field.length; ++word) {
+    text += static_cast<char>(data[2 * word + 1]);
+    text += static_cast<char>(data[2 * word]);
+  }
+  return core::strings::sanitize(text);
+}
+
+void setCommon(core::AttributeCollection& attributes, bool maker, bool nvme) {
+  core::writeString(attributes, properties::product(),
+                    core::readString(attributes, properties::modelNumber()));
+  core::writeUInt8(attributes, properties::csmi(), 0);
+  core::writeUInt8(attributes, properties::veldra(), maker);
+  core::writeUInt8(attributes, properties::veldraNVMe(), maker && nvme);
+}
+
+}  // namespace
+
+void setNvmeAttributes(core::AttributeCollection& attributes, const core::Payload& controllerData,
+                       const VendorList& makers) {
+  if (controllerData.size() < 4096) return;
+  for (const TextField& field : kNvmeTexts) {
+    core::writeString(attributes, field.descriptor(), nvmeText(controllerData, field));
+  }
+  for (const FlagField& field : kNvmeFlags) {
+    const uint32_t value = readLittleEndian(controllerData, field.offset, field.width);
+    core::writeUInt8(attributes, field.descriptor(), (value >> field.bit) & 1);
+  }
+  const uint32_t version = readLittleEndian(controllerData, kNvmeVersion, 4) & 0xFFFFFF00;
+  for (const VersionGate& gate : kVersionGates) {
+    core::writeUInt8(attributes, gate.descriptor(), version >= gate.version);
+  }
+  const bool maker =
+      makers.contains(static_cast<uint16_t>(readLittleEndian(controllerData, kNvmeVendorId, 2))) ||
+      makers.contains(
+          static_cast<uint16_t>(readLittleEndian(controllerData, kNvmeSubsystemVendorId, 2)));
+  setCommon(attributes, maker, true);
+}
+
+void setAtaAttributes(core::AttributeCollection& attributes, const core::Payload& identifyData) {
+  if (identifyData.size() < 512) return;
+  for (const TextField& field : kAtaTexts) {
+    core::writeString(attributes, field.descriptor(), ataText(identifyData, field));
+  }
+  setCommon(attributes, false, false);
+}
+
+core::Status identifyDrive(core::Device& device, const VendorList& makers) {
+  if (device.supportsProtocol("NVME")) {
+    commands::nvme::Identify identify;
+    identify.setCns(1);
+    const core::CommandRecord record = device.send(identify);
+    if (core::succeeded(record.status)) {
+      setNvmeAttributes(device.attributes, record.outputPayload, makers);
+    }
+    return record.status;
+  }
+  if (device.supportsProtocol("ATA")) {
+    commands::ata::IdentifyDevice identify;
+    const core::CommandRecord record = device.send(identify);
+    if (core::succeeded(record.status)) setAtaAttributes(device.attributes, record.outputPayload);
+    return record.status;
+  }
+  return core::Status(35, "Device does not support this command set.");
+}
+
+}  // namespace orlo::devices

@@ -1,0 +1,127 @@
+#include "devices/ImageCapture.h"
+
+#include <set>
+#include <vector>
+
+#include "devices/DeviceImage.h"
+#include "devices/ReplyName.h"
+#include "orlo/commands/ata/CheckPowerMode.h"
+#include "orlo/commands/ata/IdentifyDevice.h"
+#include "orlo/commands/nvme/GetLogPage.h"
+#include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/PropertyDescriptors.h"
+
+namespace orlo::devices {
+
+namespace {
+
+namespace properties = core::properties;
+
+constexpr uint32_t kAllNamespaces = 0xFFFFFFFF;
+constexpr uint32_t kMostNamespaces = 16;
+
+// The Identify structures that the toolkit decodes.
+constexpr uint8_t kDecodedStructures[] = {0, 1, 2, 3, 16, 17, 18, 19, 20, 21, 22, 23, 26, 28};
+
+struct LogPage {
+  uint8_t id;
+  uint32_t bytes;
+};
+constexpr LogPage kLogPages[] = {{5, 4096}, {221, 512}};
+
+class Recorder {
+ public:
+  Recorder(core::Device& device, const DeviceImage& image) : device_(device), image_(image) {}
+
+  // Sends the command, unless one of the same reply name went before, and keeps a
+  // good reply; the reply, or an empty payload.
+  core::Payload keep(core::Command& command) {
+    const std::string name = replyName(command);
+    if (!tried_.insert(name).second) return core::Payload();
+    const core::CommandRecord sent = device_.send(command);
+    if (!core::succeeded(sent.status)) return core::Payload();
+    const core::Status written = image_.writeReply(name, sent.outputPayload);
+    if (!core::succeeded(written)) status_ = written;
+    return sent.outputPayload;
+  }
+
+  const core::Status& status() const { return status_; }
+
+ private:
+  core::Device& device_;
+  const DeviceImage& image_;
+  std::set<std::string> tried_;
+  core::Status status_ = core::Status::success();
+};
+
+core::Payload identify(Recorder& recorder, uint8_t cns, uint32_t namespaceId) {
+  commands::nvme::Identify command;
+  command.setCns(cns);
+  command.submissionEntry.setDword(1, namespaceId);
+  return recorder.keep(command);
+}
+
+// The active namespaces, from the list that starts after namespace 0.
+std::vector<uint32_t> activeNamespaces(const core::Payload& list) {
+  std::vector<uint32_t> namespaces;
+  for (uint32_t at = 0; at + 4 <= list.size() && namespaces.size() < kMostNamespaces; at += 4) {
+    const uint32_t id = list[at] | list[at + 1] << 8 | list[at + 2] << 16 |
+                        static_cast<uint32_t>(list[at + 3]) << 24;
+    if (id == 0) break;
+    namespaces.push_back(id);
+  }
+  return namespaces;
+}
+
+void captureNvme(core::Device& device, Recorder& recorder) {
+  std::set<uint32_t> namespaces = {0, kAllNamespaces};
+  const uint32_t own = core::readUInt32(device.attributes, properties::namespaceId());
+  if (own != 0) namespaces.insert(own);
+  for (const uint32_t id : activeNamespaces(identify(recorder, 2, 0))) namespaces.insert(id);
+  for (const uint8_t cns : kDecodedStructures) {
+    for (const uint32_t id : namespaces) identify(recorder, cns, id);
+  }
+  for (const LogPage& page : kLogPages) {
+    commands::nvme::GetLogPage command;
+    const uint32_t dwords = page.bytes / 4 - 1;
+    command.submissionEntry.setDword(1, kAllNamespaces);
+    command.submissionEntry.setDword(10, page.id | (dwords & 0xFFFF) << 16);
+    command.submissionEntry.setDword(11, dwords >> 16);
+    command.transferBytes = page.bytes;
+    recorder.keep(command);
+  }
+}
+
+void captureAta(Recorder& recorder) {
+  commands::ata::IdentifyDevice identifyDevice;
+  recorder.keep(identifyDevice);
+  commands::ata::CheckPowerMode checkPowerMode;
+  recorder.keep(checkPowerMode);
+}
+
+}  // namespace
+
+core::Status captureImage(core::Device& device, const std::string& directory) {
+  const bool nvme = device.supportsProtocol("NVME");
+  if (!nvme && !device.supportsProtocol("ATA")) {
+    return core::Status(35, "Device does not support this command set.");
+  }
+  const DeviceImage image(directory);
+  core::AttributeCollection kept;
+  for (const auto& [name, attribute] : device.attributes) {
+    if (name != properties::veldra().name && name != properties::veldraNVMe().name) {
+      kept.add(attribute);
+    }
+  }
+  core::Status status = image.writeAttributes(nvme ? "NVME" : "ATA", kept);
+  if (!core::succeeded(status)) return status;
+  Recorder recorder(device, image);
+  if (nvme) {
+    captureNvme(device, recorder);
+  } else {
+    captureAta(recorder);
+  }
+  return recorder.status();
+}
+
+}  // namespace orlo::devices

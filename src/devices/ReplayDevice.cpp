@@ -1,0 +1,89 @@
+#include "devices/ReplayDevice.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "devices/AtaPassThrough.h"
+#include "devices/AtaProtocolResult.h"
+#include "devices/DriveAttributes.h"
+#include "devices/NvmeProtocolResult.h"
+#include "devices/ReplyName.h"
+#include "devices/SendRecord.h"
+#include "orlo/commands/ata/Command.h"
+#include "orlo/commands/nvme/Command.h"
+
+namespace orlo::devices {
+
+namespace {
+
+constexpr uint16_t kInvalidFieldInCommand = 0x4002;  // with Do Not Retry
+constexpr uint8_t kAtaStatusError = 0x51;            // DRDY, DSC, ERR
+constexpr uint8_t kAtaErrorAborted = 0x04;           // ABRT
+
+std::unique_ptr<core::ProtocolResult> refusal(const core::Command& command) {
+  if (command.protocol() == "ATA") {
+    commands::ata::TaskFile registers;
+    registers.feature = kAtaErrorAborted;
+    registers.command = kAtaStatusError;
+    return std::make_unique<AtaProtocolResult>(registers);
+  }
+  return std::make_unique<NvmeProtocolResult>(kInvalidFieldInCommand, 0);
+}
+
+// Bytes that a read of this command returns.
+uint32_t readLength(const core::Command& command) {
+  if (const auto* nvme = dynamic_cast<const commands::nvme::Command*>(&command)) {
+    return nvme->dataIn ? static_cast<uint32_t>(nvme->transferBytes) : 0;
+  }
+  if (const auto* ata = dynamic_cast<const commands::ata::Command*>(&command)) {
+    return ata->dataIn ? ataTransferLength(*ata) : 0;
+  }
+  return 0;
+}
+
+}  // namespace
+
+ReplayDevice::ReplayDevice(const std::string& directory) : image_(directory) {}
+
+core::Status ReplayDevice::open(const std::string& directory, const VendorList& makers,
+                                std::shared_ptr<ReplayDevice>& device) {
+  std::shared_ptr<ReplayDevice> replay(new ReplayDevice(directory));
+  core::AttributeCollection stated;
+  core::Status status = replay->image_.readAttributes(replay->protocol_, stated);
+  if (!core::succeeded(status)) return status;
+  status = identifyDrive(*replay, makers);
+  if (!core::succeeded(status)) return status;
+  for (const auto& entry : stated) replay->attributes.add(entry.second);
+  device = replay;
+  return core::Status::success();
+}
+
+bool ReplayDevice::supportsProtocol(std::string protocol) {
+  return protocol == protocol_;
+}
+
+core::CommandRecord ReplayDevice::send(core::Command& command, const core::Payload& dataOut) {
+  core::CommandRecord record = beginRecord(command, dataOut);
+  std::string reply;
+  if (!supportsProtocol(command.protocol())) {
+    record.status = core::Status(35, "Device does not support this command set.");
+  } else if (image_.readReply(replyName(command), reply)) {
+    const uint32_t length = readLength(command);
+    if (length > 0) {
+      record.outputPayload = core::Payload(length);
+      std::memcpy(record.outputPayload.data(), reply.data(),
+                  std::min<std::size_t>(length, reply.size()));
+    }
+  } else {
+    record.protocolResult = refusal(command);
+    record.protocolResult->fillStatus(record.status);
+  }
+  finishRecord(record);
+  return record;
+}
+
+core::CommandRecord ReplayDevice::send(core::Command& command) {
+  return send(command, core::Payload());
+}
+
+}  // namespace orlo::devices

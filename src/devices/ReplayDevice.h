@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "devices/DeviceImage.h"
+#include "devices/VendorList.h"
+#include "orlo/core/Device.h"
+
+namespace orlo::devices {
+
+// A drive played back from a device image. Every command is answered from the
+// image's reply to it; a command the image has no reply for fails as a drive
+// fails an unsupported request: NVMe with "Invalid Field in Command", ATA with
+// ABRT in its Error register.
+class ReplayDevice : public core::Device {
+ public:
+  // Reads the image's attributes, sets the drive's own attributes from its
+  // Identify reply as for a real drive, and lets the image's stated attributes
+  // override those.
+  static core::Status open(const std::string& directory, const VendorList& makers,
+                           std::shared_ptr<ReplayDevice>& device);
+
+  bool supportsProtocol(std::string protocol) override;
+  core::CommandRecord send(core::Command& command, const core::Payload& dataOut) override;
+  core::CommandRecord send(core::Command& command) override;
+
+ private:
+  explicit ReplayDevice(const std::string& directory);
+
+  DeviceImage image_;
+  std::string protocol_;
+};
+
+}  // namespace orlo::devices

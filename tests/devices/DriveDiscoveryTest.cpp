@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+#include "ScratchDirectory.h"
+#include "devices/DriveChoice.h"
+#include "devices/DriveDiscovery.h"
+#include "devices/VendorList.h"
+
+namespace {
+
+using orlo::core::Status;
+namespace fs = std::filesystem;
+
+void write(const fs::path& file, const std::string& text) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << text;
+}
+
+// A sysfs tree with two NVMe controllers, listed out of order, a SATA disk, and
+// a USB stick and a fabrics entry that are no drives of ours.
+class FakeSysfs : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    const fs::path nvme = sys.path / "class" / "nvme";
+    for (const auto& [name, serial] : {std::pair{"nvme17", "S17"}, std::pair{"nvme9", "S9  "}}) {
+      write(nvme / name / "model", std::string("Corvid P41  \n"));
+      write(nvme / name / "serial", serial + std::string("\n"));
+      write(nvme / name / "firmware_rev", "1.0.2   \n");
+    }
+    write(nvme / "nvme-fabrics" / "model", "x\n");
+    const fs::path sdy = sys.path / "block" / "sdy" / "device";
+    write(sdy / "vendor", "ATA     \n");
+    write(sdy / "model", "Corvid S300 512G\n");
+    write(sdy / "rev", "04A \n");
+    write(sdy / "vpd_pg80", std::string("\x00\x80\x00\x14", 4) + "        CVS3A0021847");
+    write(sys.path / "block" / "sdx" / "device" / "vendor", "Generic \n");
+  }
+
+  orlo::test::ScratchDirectory sys;
+};
+
+TEST_F(FakeSysfs, ListsNvmeControllersThenSataDisksInKernelOrder) {
+  const auto drives = orlo::devices::discoverDrives(sys.path);
+  ASSERT_EQ(drives.size(), 3u);
+  EXPECT_EQ(drives[0].path, "/dev/nvme9");
+  EXPECT_EQ(drives[0].serial, "S9");
+  EXPECT_EQ(drives[0].model, "Corvid P41");
+  EXPECT_EQ(drives[0].firmware, "1.0.2");
+  EXPECT_EQ(drives[1].path, "/dev/nvme17");
+  EXPECT_EQ(drives[2].path, "/dev/sdy");
+  EXPECT_EQ(drives[2].protocol, "ATA");
+  EXPECT_EQ(drives[2].serial, "CVS3A0021847");
+  EXPECT_EQ(drives[2].firmware, "04A");
+  for (uint32_t i = 0; i < drives.size(); ++i) EXPECT_EQ(drives[i].index, i);
+  EXPECT_TRUE(orlo::devices::discoverDrives(sys.path / "missing").empty());
+}
+
+TEST_F(FakeSysfs, SsdNamesADriveByIndexSerialPathOrImage) {
+  orlo::devices::DriveOptions options;
+  options.sysRoot = sys.path;
+  struct Case {
+    std::string ssd;
+    std::string message;
+  };
+  // The fake drives have no nodes in /dev, so reaching one shows as a failed open.
+  const Case cases[] = {
+      {"1", "Could not open /dev/nvme17: No such file or directory."},
+      {"CVS3A0021847", "Could not open /dev/sdy: No such file or directory."},
+      {"/dev/nvme17n1", "Could not open /dev/nvme17n1: No such file or directory."},
+      {"3", "No drive matches -ssd \"3\": no drive has that index"},
+      {"S1", "No drive matches -ssd \"S1\": no drive has that serial number"},
+      {"/tmp", "No drive matches -ssd \"/tmp\": not an NVMe node"},
+  };
+  for (const Case& c : cases) {
+    std::shared_ptr<orlo::core::Device> device;
+    const Status status = orlo::devices::openDrive(c.ssd, options, device);
+    EXPECT_EQ(status.message().rfind(c.message, 0), 0u) << c.ssd << ": " << status.message();
+    EXPECT_EQ(device, nullptr);
+  }
+  std::shared_ptr<orlo::core::Device> replay;
+  EXPECT_EQ(orlo::devices::openDrive(std::string(ORLO_TEST_DATA_DIR) + "/images/sata-corvid-s300",
+                                     options, replay),
+            Status::success());
+  EXPECT_TRUE(replay && replay->supportsProtocol("ATA"));
+}
+
+TEST(VendorList, ReadsHexadecimalIdentifiersAndRefusesOtherWords) {
+  orlo::devices::VendorList vendors;
+  EXPECT_TRUE(vendors.empty());
+  EXPECT_EQ(vendors.add("0x1E5a, 1b36 # the emulator\n\n 0X8086"), Status::success());
+  EXPECT_TRUE(vendors.contains(0x1E5A));
+  EXPECT_TRUE(vendors.contains(0x1B36));
+  EXPECT_TRUE(vendors.contains(0x8086));
+  EXPECT_FALSE(vendors.contains(0x1E5B));
+
+  for (const std::string bad : {"0x12345", "vendor", "0x", "1e5a;"}) {
+    orlo::devices::VendorList list;
+    EXPECT_EQ(list.add("abcd " + bad), Status(36, "")) << bad;
+    EXPECT_FALSE(list.contains(0xABCD)) << "nothing is added from a bad text";
+  }
+  orlo::devices::VendorList fromFile;
+  EXPECT_EQ(fromFile.addFile("/nonexistent/vendors"), Status::openFileFailed());
+}
+
+}  // namespace

@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "devices/AtaPassThrough.h"
+#include "devices/AtaSense.h"
+#include "devices/NvmePassThrough.h"
+#include "devices/NvmeStatusText.h"
+#include "orlo/commands/ata/CheckPowerMode.h"
+#include "orlo/commands/ata/IdentifyDevice.h"
+#include "orlo/commands/ata/ReadDMA.h"
+#include "orlo/commands/nvme/GetLogPage.h"
+
+namespace {
+
+using orlo::core::Status;
+using orlo::devices::SgIoCompletion;
+
+TEST(NvmeStatusText, NamesGenericAndCommandSpecificStatuses) {
+  const std::pair<uint16_t, std::string> cases[] = {
+      {0x4002, "Invalid Field in Command (0x4002)"},
+      {0x0001, "Invalid Command Opcode (0x0001)"},
+      {0x400B, "Invalid Namespace or Format (0x400B)"},
+      {0x4109, "Invalid Log Page (0x4109)"},
+      {0x2286, "Access Denied (0x2286)"},
+      {0x00C5, "Generic Command Status 0xC5 (0x00C5)"},
+      {0x07FF, "Vendor Specific Status 0xFF (0x07FF)"},
+  };
+  for (const auto& [field, text] : cases) EXPECT_EQ(orlo::devices::nvmeStatusText(field), text);
+}
+
+TEST(NvmePassThrough, CarriesTheEntryAndTheBuffer) {
+  orlo::commands::nvme::GetLogPage command;
+  for (unsigned dword = 1; dword < 16; ++dword)
+    command.submissionEntry.setDword(dword, dword * 0x11);
+  command.submissionEntry.bytes[1] = 0x40;
+  uint8_t buffer[512];
+  const nvme_passthru_cmd request = orlo::devices::nvmePassThrough(command, buffer, 512);
+  EXPECT_EQ(request.opcode, 2);
+  EXPECT_EQ(request.flags, 0x40);
+  EXPECT_EQ(request.nsid, 0x11u);
+  EXPECT_EQ(request.cdw2, 0x22u);
+  EXPECT_EQ(request.cdw3, 0x33u);
+  const uint32_t tail[] = {request.cdw10, request.cdw11, request.cdw12,
+                           request.cdw13, request.cdw14, request.cdw15};
+  for (unsigned i = 0; i < 6; ++i) EXPECT_EQ(tail[i], (10 + i) * 0x11u);
+  EXPECT_EQ(request.addr, reinterpret_cast<uintptr_t>(buffer));
+  EXPECT_EQ(request.data_len, 512u);
+  EXPECT_EQ(request.metadata, 0u);
+}
+
+TEST(AtaPassThrough, ProtocolDirectionAndRegistersFollowTheCommand) {
+  orlo::commands::ata::IdentifyDevice identify;
+  orlo::commands::ata::ReadDMA readDma;
+  orlo::commands::ata::CheckPowerMode checkPowerMode;
+  struct Case {
+    const orlo::commands::ata::Command& command;
+    uint8_t byte1;
+    uint8_t byte2;
+    uint32_t length;
+  };
+  const Case cases[] = {
+      {identify, 4 << 1, 0x0E, 512},      // PIO data-in, from the device, in sector counts
+      {readDma, 6 << 1, 0x0E, 512},       // DMA
+      {checkPowerMode, 3 << 1, 0x20, 0},  // non-data, registers back
+  };
+  for (const Case& c : cases) {
+    const std::array<uint8_t, 16> cdb = orlo::devices::ataPassThrough16(c.command);
+    EXPECT_EQ(cdb[0], 0x85);
+    EXPECT_EQ(cdb[1], c.byte1) << c.command.name();
+    EXPECT_EQ(cdb[2], c.byte2) << c.command.name();
+    EXPECT_EQ(cdb[6], c.command.currentTaskFile.sectorCount);
+    EXPECT_EQ(cdb[13], c.command.currentTaskFile.device);
+    EXPECT_EQ(cdb[14], c.command.currentTaskFile.command);
+    EXPECT_EQ(orlo::devices::ataTransferLength(c.command), c.length);
+  }
+
+  orlo::commands::ata::ReadDMA extended;
+  extended.extended = true;
+  extended.previousTaskFile.lbaLow = 0xAB;
+  extended.currentTaskFile.lbaLow = 0xCD;
+  const auto cdb = orlo::devices::ataPassThrough16(extended);
+  EXPECT_EQ(cdb[1] & 1, 1);
+  EXPECT_EQ(cdb[7], 0xAB);
+  EXPECT_EQ(cdb[8], 0xCD);
+}
+
+// Descriptor sense with an ATA Status Return descriptor, as libata returns it.
+std::vector<uint8_t> descriptorSense(uint8_t key, uint8_t error, uint8_t status, uint8_t count) {
+  return {0x72,  key, 0x00,  0x1D, 0, 0, 0, 14, 0x09, 12,   0,
+          error, 0,   count, 0,    0, 0, 0, 0,  0,    0x40, status};
+}
+
+TEST(AtaSense, RegistersComeFromDescriptorOrFixedSense) {
+  const auto descriptor = descriptorSense(0x01, 0x00, 0x50, 0xFF);
+  auto registers = orlo::devices::ataRegistersFromSense(descriptor.data(), descriptor.size());
+  ASSERT_TRUE(registers.has_value());
+  EXPECT_EQ(registers->command, 0x50);
+  EXPECT_EQ(registers->sectorCount, 0xFF);
+  EXPECT_EQ(registers->device, 0x40);
+
+  // Fixed format: VALID set, Error, Status, Device, Count, then LBA in bytes 9-11.
+  const std::vector<uint8_t> fixed = {0xF0, 0, 0x0B, 0x04, 0x51, 0x40, 0x01,
+                                      0x0A, 0, 0x11, 0x22, 0x33, 0x00, 0x00};
+  registers = orlo::devices::ataRegistersFromSense(fixed.data(), fixed.size());
+  ASSERT_TRUE(registers.has_value());
+  EXPECT_EQ(registers->feature, 0x04);
+  EXPECT_EQ(registers->command, 0x51);
+  EXPECT_EQ(registers->lbaLow, 0x11);
+  EXPECT_EQ(registers->lbaHigh, 0x33);
+
+  const std::vector<uint8_t> noRegisters = {0x72, 0x05, 0x20, 0x00, 0, 0, 0, 0};
+  EXPECT_FALSE(orlo::devices::ataRegistersFromSense(noRegisters.data(), noRegisters.size()));
+  const std::vector<uint8_t> truncated(descriptor.begin(), descriptor.begin() + 15);
+  EXPECT_FALSE(orlo::devices::ataRegistersFromSense(truncated.data(), truncated.size()));
+}
+
+TEST(AtaSense, StatusAndErrorDecideTheOutcome) {
+  const auto good = descriptorSense(0x01, 0x00, 0x50, 0xFF);
+  const auto aborted = descriptorSense(0x0B, 0x04, 0x51, 0x00);
+  const auto fault = descriptorSense(0x0B, 0x00, 0x71, 0x00);
+  const std::vector<uint8_t> illegal = {0x70, 0, 0x05, 0, 0, 0, 0, 10, 0, 0, 0, 0, 0x20, 0x00};
+  struct Case {
+    SgIoCompletion completion;
+    Status expected;
+    std::string message;
+    bool registers;
+  };
+  const Case cases[] = {
+      {{0, 0, 0, nullptr, 0}, Status::success(), "", false},
+      {{2, 0, 8, good.data(), good.size()}, Status::success(), "", true},
+      {{2, 0, 8, aborted.data(), aborted.size()},
+       Status::retrieveDataFailed(),
+       "ATA command reported a problem: Aborted Command (Status 0x51, Error 0x04).",
+       true},
+      {{2, 0, 8, fault.data(), fault.size()},
+       Status::retrieveDataFailed(),
+       "ATA command reported a problem: Device Fault (Status 0x71, Error 0x00).",
+       true},
+      {{2, 0, 8, illegal.data(), illegal.size()},
+       Status::retrieveDataFailed(),
+       "The drive did not take the ATA pass-through command (SCSI status 0x02, host 0x00, "
+       "driver 0x08, sense key 0x05, ASC 0x20, ASCQ 0x00).",
+       false},
+      {{0, 0x03, 0, nullptr, 0},
+       Status::retrieveDataFailed(),
+       "The drive did not take the ATA pass-through command (SCSI status 0x00, host 0x03, "
+       "driver 0x00).",
+       false},
+  };
+  for (const Case& c : cases) {
+    const auto outcome = orlo::devices::ataOutcome(c.completion);
+    EXPECT_EQ(outcome.status, c.expected) << c.message;
+    if (!c.message.empty()) {
+      EXPECT_EQ(outcome.status.message(), c.message);
+    }
+    EXPECT_EQ(outcome.protocolResult != nullptr, c.registers) << c.message;
+  }
+}
+
+}  // namespace

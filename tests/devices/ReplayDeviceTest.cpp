@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "ScratchDirectory.h"
+#include "devices/ImageCapture.h"
+#include "devices/ReplayDevice.h"
+#include "orlo/commands/ata/CheckPowerMode.h"
+#include "orlo/commands/ata/ReadDMA.h"
+#include "orlo/commands/nvme/GetLogPage.h"
+#include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/PropertyDescriptors.h"
+#include "orlo/core/xml/XmlObject.h"
+#include "orlo/features/identify/ATAIdentify.h"
+
+namespace {
+
+using orlo::core::Status;
+using orlo::devices::ReplayDevice;
+using orlo::devices::VendorList;
+namespace properties = orlo::core::properties;
+
+const std::string kImages = std::string(ORLO_TEST_DATA_DIR) + "/images/";
+const std::string kNvmeImage = kImages + "nvme-tamsel-t2";
+const std::string kSataImage = kImages + "sata-corvid-s300";
+
+std::shared_ptr<ReplayDevice> open(const std::string& image, const std::string& makers = "") {
+  VendorList vendors;
+  EXPECT_EQ(vendors.add(makers), Status::success());
+  std::shared_ptr<ReplayDevice> device;
+  const Status status = ReplayDevice::open(image, vendors, device);
+  EXPECT_EQ(status, Status::success()) << status.message();
+  return device;
+}
+
+std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+TEST(ReplayDevice, NvmeAttributesComeFromIdentifyControllerThenTheImage) {
+  const auto device = open(kNvmeImage);
+  const auto& a = device->attributes;
+  EXPECT_EQ(orlo::core::readString(a, properties::serialNumber()), "TT2A24310057");
+  EXPECT_EQ(orlo::core::readString(a, properties::modelNumber()), "Tamsel T2 3.84TB U.2");
+  EXPECT_EQ(orlo::core::readString(a, properties::firmware()), "T2F10310");
+  EXPECT_EQ(orlo::core::readString(a, properties::product()), "Tamsel T2");  // stated
+  EXPECT_TRUE(orlo::core::readBool(a, properties::nvme2Point0OrGreater()));
+  EXPECT_TRUE(orlo::core::readBool(a, properties::namespaceManagementSupported()));
+  EXPECT_TRUE(orlo::core::readBool(a, properties::uuidSupported()));
+  EXPECT_TRUE(orlo::core::readBool(a, properties::supportCommandEffectsLogEnhancements()));
+  EXPECT_FALSE(orlo::core::readBool(a, properties::veldra()));
+  EXPECT_TRUE(device->supportsProtocol("NVME"));
+  EXPECT_FALSE(device->supportsProtocol("ATA"));
+
+  const auto maker = open(kNvmeImage, "0x1e5a");
+  EXPECT_TRUE(orlo::core::readBool(maker->attributes, properties::veldra()));
+  EXPECT_TRUE(orlo::core::readBool(maker->attributes, properties::veldraNVMe()));
+}
+
+TEST(ReplayDevice, AnswersFromTheImageAndRefusesWhatItHasNoReplyFor) {
+  const auto device = open(kNvmeImage);
+  orlo::commands::nvme::Identify controller;
+  controller.setCns(1);
+  controller.submissionEntry.setDword(1, 0xFFFFFFFF);  // not used by this structure
+  const auto record = device->send(controller);
+  EXPECT_EQ(record.status, Status::success());
+  ASSERT_EQ(record.outputPayload.size(), 4096u);
+  EXPECT_EQ(std::string(reinterpret_cast<const char*>(record.outputPayload.data()), 4096),
+            readFile(kNvmeImage + "/nvme-identify-cns01-nsid00000000.bin"));
+  ASSERT_NE(record.command, nullptr);
+  EXPECT_EQ(record.command->name(), "Identify");
+
+  orlo::commands::nvme::GetLogPage smart;  // log 2 was not captured
+  smart.submissionEntry.setDword(10, 2);
+  smart.transferBytes = 512;
+  const auto refused = device->send(smart, orlo::core::Payload());
+  EXPECT_EQ(refused.status, Status::nvmeCommandProblem());
+  EXPECT_EQ(refused.status.message(),
+            "NVMe command reported a problem: Invalid Field in Command (0x4002).");
+  ASSERT_NE(refused.protocolResult, nullptr);
+  Status filled = Status::success();
+  refused.protocolResult->fillStatus(filled);
+  EXPECT_EQ(filled.message(), refused.status.message());
+
+  orlo::commands::ata::CheckPowerMode ata;
+  EXPECT_EQ(device->send(ata).status, Status(35, ""));
+}
+
+TEST(ReplayDevice, SataDriveRunsTheAtaIdentifyFeature) {
+  const auto device = open(kSataImage);
+  EXPECT_EQ(orlo::core::readString(device->attributes, properties::serialNumber()), "CVS3A0021847");
+  EXPECT_EQ(orlo::core::readString(device->attributes, properties::firmware()), "CV1.04A");
+
+  orlo::commands::ata::ReadDMA readDma;  // user data is never captured
+  const auto refused = device->send(readDma);
+  EXPECT_EQ(refused.status, Status::retrieveDataFailed());
+  EXPECT_EQ(refused.status.message(),
+            "ATA command reported a problem: Aborted Command (Status 0x51, Error 0x04).");
+
+  orlo::features::identify::ata::Identify identify(device, {});
+  EXPECT_EQ(identify.identify(), Status::success());
+  std::string xml;
+  identify.getXml()->write(xml);
+  EXPECT_NE(xml.find("Corvid S300 512GB"), std::string::npos);
+  EXPECT_NE(xml.find("CVS3A0021847"), std::string::npos);
+}
+
+TEST(ReplayDevice, ImageProblemsAreNamed) {
+  struct Case {
+    std::string attributes;
+    std::string message;
+  };
+  const Case cases[] = {
+      {"Protocol=SCSI\n", "line 1: the protocol is NVME or ATA."},
+      {"Protocol=ATA\nColour=red\n", "line 2: no device attribute is named Colour."},
+      {"Protocol=ATA\nNamespaceId=one\n", "line 2: \"one\" is no uint32."},
+      {"# no protocol\nCSMI=False\n", "it names no Protocol."},
+  };
+  for (const Case& c : cases) {
+    orlo::test::ScratchDirectory image;
+    std::ofstream(image.path / "attributes.txt") << c.attributes;
+    std::shared_ptr<ReplayDevice> device;
+    const Status status = ReplayDevice::open(image.path.string(), VendorList(), device);
+    EXPECT_EQ(status, Status::openFileFailed());
+    EXPECT_NE(status.message().find(c.message), std::string::npos) << status.message();
+    EXPECT_EQ(device, nullptr);
+  }
+}
+
+TEST(ReplayDevice, CaptureOfAReplayedDriveReplaysAlike) {
+  for (const std::string& source : {kNvmeImage, kSataImage}) {
+    const auto original = open(source, "1e5a");
+    orlo::test::ScratchDirectory copy;
+    ASSERT_EQ(orlo::devices::captureImage(*original, copy.path.string()), Status::success());
+    const std::string attributes = readFile((copy.path / "attributes.txt").string());
+    EXPECT_EQ(attributes.find("Veldra"), std::string::npos) << "left to the vendor list";
+
+    const auto replayed = open(copy.path.string(), "1e5a");
+    EXPECT_EQ(replayed->attributes.size(), original->attributes.size());
+    for (const auto& [name, attribute] : original->attributes) {
+      const auto found = replayed->attributes.find(name);
+      ASSERT_NE(found, replayed->attributes.end()) << name;
+      EXPECT_EQ(found->second.asString(), attribute.asString()) << name;
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(source)) {
+      if (entry.path().extension() != ".bin") continue;
+      EXPECT_EQ(readFile((copy.path / entry.path().filename()).string()),
+                readFile(entry.path().string()))
+          << entry.path();
+    }
+  }
+}
+
+}  // namespace
