@@ -2,10 +2,13 @@
 
 #include <cstdio>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "orlo/core/LoggerSetup.h"
 #include "orlo/core/PropertyDescriptors.h"
+#include "orlo/features/identify/ATAIdentify.h"
+#include "orlo/features/identify/Identify.h"
 #include "orlo/features/identify/NVMeIdentify.h"
 #include "support/FakeDevice.h"
 
@@ -114,4 +117,36 @@ TEST(NVMeIdentify, GetXmlPicksTheDecoderAndNamesTheLists) {
     EXPECT_EQ(root->getAttribute("key"), root->getAttribute("name")) << cns;
     EXPECT_EQ(root->isEmpty(), cns == 4) << cns;
   }
+}
+
+TEST(IdentifyFrontEnd, ChoosesTheProtocolObjectOnceAskingATAFirst) {
+  const std::set<std::string> ata{"ATA"}, nvme{"NVME"}, both{"ATA", "NVME"}, none{};
+  for (const auto& protocols : {ata, nvme, both, none}) {
+    identify::Identify feature(std::make_shared<FakeDevice>(protocols), AttributeCollection());
+    const auto* object = feature.identifyObject.get();
+    EXPECT_EQ(dynamic_cast<const identify::ata::Identify*>(object) != nullptr,
+              protocols.count("ATA") > 0);
+    EXPECT_EQ(dynamic_cast<const NVMeIdentify*>(object) != nullptr, protocols == nvme);
+    EXPECT_EQ(feature.status.code(), protocols.empty() ? 35 : 0);
+  }
+  identify::Identify neither(std::make_shared<FakeDevice>(none), AttributeCollection());
+  EXPECT_EQ(neither.canRun().code(), 35);
+  EXPECT_EQ(neither.identify().code(), 35);
+  EXPECT_TRUE(neither.getXml()->isEmpty());
+}
+
+TEST(IdentifyFrontEnd, IdentifiesThroughTheProtocolObjectOnlyWhenItCanRun) {
+  auto device = std::make_shared<FakeDevice>();
+  device->answer("Identify", {Status::success(), Payload(4096), nullptr});
+  AttributeCollection attributes;
+  writeUInt8(attributes, properties::controllerNamespaceStructure(), 3);
+  identify::Identify refused(device, attributes);
+  EXPECT_EQ(refused.identify().code(), 35);
+  EXPECT_TRUE(device->sent.empty());
+
+  identify::Identify feature(device, AttributeCollection());
+  EXPECT_EQ(feature.identify(), Status::success());
+  EXPECT_EQ(device->sent.size(), 1u);
+  EXPECT_EQ(feature.payload.size(), 0u);
+  EXPECT_EQ(feature.identifyObject->payload.size(), 4096u);
 }
