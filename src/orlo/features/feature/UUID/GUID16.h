@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace orlo::features::uuid {
+
+// A GUID as the 16 bytes a drive stores, ordered by plain byte comparison from the
+// first byte on, so that it can key an ordered map.
+using GUID16 = std::array<uint8_t, 16>;
+
+// No UUID selection. It is no drive's GUID, and its index is 0 on every drive that
+// has a UUID list.
+inline constexpr GUID16 ZeroGUID{};
+
+// The GUIDs of the vendor's log pages. Each is also held with its bytes reversed, so
+// that a drive reporting either byte order is recognised.
+inline constexpr GUID16 VendorGUID{0x96, 0x19, 0x58, 0x6E, 0xC1, 0x1B, 0x43, 0xAD,
+                                   0xAA, 0xAA, 0x65, 0x41, 0x87, 0xF6, 0xBB, 0xB2};
+inline constexpr GUID16 VendorGUIDReversed{0xB2, 0xBB, 0xF6, 0x87, 0x41, 0x65, 0xAA, 0xAA,
+                                           0xAD, 0x43, 0x1B, 0xC1, 0x6E, 0x58, 0x19, 0x96};
+inline constexpr GUID16 LogGUID{0xC1, 0x94, 0xD5, 0x5B, 0xE0, 0x94, 0x47, 0x94,
+                                0xA2, 0x1D, 0x29, 0x99, 0x8F, 0x56, 0xBE, 0x6F};
+inline constexpr GUID16 LogGUIDReversed{0x6F, 0xBE, 0x56, 0x8F, 0x99, 0x29, 0x1D, 0xA2,
+                                        0x94, 0x47, 0x94, 0xE0, 0x5B, 0xD5, 0x94, 0xC1};
+
+}  // namespace orlo::features::uuid
