@@ -1,6 +1,4 @@
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 
 #include "ProviderFixture.h"
 
@@ -31,12 +29,7 @@ TEST_F(AllOrNothing, AnUnreadableSourceWritesNothing) {
   writeBytes(dir / "D/a.txt", "a");
   mkfifo((dir / "D/fifo").c_str(), 0644);
   writeBytes(dir / "S/a.txt", "a");
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const std::string socketPath = (dir / "S/socket").string();
-  socketPath.copy(address.sun_path, sizeof address.sun_path - 1);
-  const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
-  ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  mkfifo((dir / "S/fifo").c_str(), 0644);
   writeBytes(dir / "L/a.txt", "a");
   fs::create_symlink("missing", dir / "L/dangling");
 
@@ -45,11 +38,11 @@ TEST_F(AllOrNothing, AnUnreadableSourceWritesNothing) {
       "archive. Nothing was written.";
   expectRefused({"Compress-Archive", "D", "x.zip", "-Update"},
                 "The path '" + (dir / "D/fifo").string() + unfit);
-  expectRefused({"Compress-Archive", "S/*", "x.zip", "-Update"}, "The path '" + socketPath + unfit);
+  expectRefused({"Compress-Archive", "S/*", "x.zip", "-Update"},
+                "The path '" + (dir / "S/fifo").string() + unfit);
   expectRefused({"Compress-Archive", "L", "x.zip", "-Update"},
                 "The path '" + (dir / "L/dangling").string() +
                     "' cannot be read (No such file or directory). Nothing was written.");
-  close(listener);
 }
 
 TEST_F(AllOrNothing, NothingToAddIsAnError) {
@@ -73,12 +66,18 @@ TEST_F(AllOrNothing, RefusesDamagedOrHostileArchives) {
   }
   // The end record gives where the central directory starts: point it past the end.
   makeArchive(dir / "x.zip", {{"ok.txt", "ok"}});
-  before = readBytes(dir / "x.zip");
-  before[before.size() - 6] = '\x7f';
-  writeBytes(dir / "x.zip", before);
-  expectRefused({"Compress-Archive", "a.txt", "x.zip", "-Update"},
-                "The archive file x.zip is not a valid zip archive (Zip archive inconsistent). "
-                "It was left as it was.");
+  std::string damaged = readBytes(dir / "x.zip");
+  damaged[damaged.size() - 6] = '\x7f';
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {damaged, "Zip archive inconsistent"},
+      {"not a zip", "Not a zip archive"},
+      {"", "Not a zip archive"}};
+  for (const auto& [content, reason] : cases) {
+    writeBytes(dir / "x.zip", before = content);
+    expectRefused({"Compress-Archive", "a.txt", "x.zip", "-Update"},
+                  "The archive file x.zip is not a valid zip archive (" + reason +
+                      "). It was left as it was.");
+  }
 }
 
 }  // namespace

@@ -26,8 +26,6 @@ TEST_F(ProviderTest, RejectsWhatThisCmdletDoesNotTake) {
                 "array syntax. For example, \"-parameter value1,value2,value3\"."},
       {{"Compress-Archive", "a.txt", "x", "-Update", "-Force"},
        cmdlet + "Parameter set cannot be resolved using the specified named parameters."},
-      {{"Compress-Archive", "-LiteralPath", "a.txt", "-Path", "a.txt", "x"},
-       cmdlet + "Parameter set cannot be resolved using the specified named parameters."},
       {{"Compress-Archive", "a.txt", "x", "y"},
        cmdlet + "A positional parameter cannot be found that accepts argument 'y'."},
       {{"Compress-Archive", "-Update"},

@@ -52,18 +52,4 @@ TEST_F(ProviderTest, ExistingArchiveNeedsUpdateOrForce) {
   EXPECT_EQ(status.st_mode & 0777, 0444u);
 }
 
-TEST_F(ProviderTest, RefusesADestinationThatIsNoArchive) {
-  writeBytes(dir / "a.txt", "a");
-  for (const std::string& content : {std::string("not a zip"), std::string()}) {
-    writeBytes(dir / "x.zip", content);
-    const ProviderRun result = run({"Compress-Archive", "a.txt", "x.zip", "-Update"});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err,
-              "Compress-Archive : The archive file x.zip is not a valid zip archive (Not a zip "
-              "archive). It was left as it was.\n");
-    EXPECT_EQ(readBytes(dir / "x.zip"), content);
-  }
-  EXPECT_EQ(filesInDir(), (std::set<std::string>{"a.txt", "x.zip"}));
-}
-
 }  // namespace

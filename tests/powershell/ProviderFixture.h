@@ -40,15 +40,19 @@ inline void writeBytes(const fs::path& path, const std::string& data) {
   std::ofstream(path, std::ios::binary) << data;
 }
 
-inline std::string readAll(zip_t* archive, zip_uint64_t index, zip_flags_t flags) {
-  std::string data;
+// Reads an entry through libzip (which checks its CRC unless `flags` asks for
+// the stored bytes) into `data`, when given; returns the number of bytes read.
+inline zip_uint64_t readEntry(zip_t* archive, zip_uint64_t index, zip_flags_t flags,
+                              std::string* data) {
+  static char buffer[1 << 16];
+  zip_uint64_t length = 0;
   zip_file_t* file = zip_fopen_index(archive, index, flags);
-  if (file == nullptr) return "<unreadable>";
-  char buffer[65536];
-  for (zip_int64_t got; (got = zip_fread(file, buffer, sizeof buffer)) > 0;)
-    data.append(buffer, got);
-  zip_fclose(file);
-  return data;
+  for (zip_int64_t got; file != nullptr && (got = zip_fread(file, buffer, sizeof buffer)) > 0;) {
+    if (data != nullptr) data->append(buffer, got);
+    length += got;
+  }
+  if (file != nullptr) zip_fclose(file);
+  return length;
 }
 
 // Every entry of an archive, read back through libzip with its consistency check.
@@ -63,8 +67,11 @@ inline std::map<std::string, ArchivedEntry> readArchive(const fs::path& path) {
   for (zip_int64_t index = 0; index < zip_get_num_entries(archive, 0); ++index) {
     zip_stat_t status;
     zip_stat_index(archive, index, 0, &status);
-    entries[status.name] = {readAll(archive, index, 0), readAll(archive, index, ZIP_FL_COMPRESSED),
-                            status.comp_method, status.mtime};
+    ArchivedEntry& entry = entries[status.name];
+    readEntry(archive, index, 0, &entry.data);
+    readEntry(archive, index, ZIP_FL_COMPRESSED, &entry.raw);
+    entry.method = status.comp_method;
+    entry.modified = status.mtime;
   }
   zip_discard(archive);
   return entries;
