@@ -61,7 +61,7 @@ TEST_F(ProviderTest, KillAtAnyInstantLeavesTheOldOrTheNewArchive) {
   writeBytes(dir / "marker.txt", "0");
   const auto start = Clock::now();
   runQuietly(update);
-  const auto duration = Clock::now() - start;
+  std::chrono::duration<double> duration = Clock::now() - start;
   const auto files = filesInDir();
 
   const int quiet = open("/dev/null", O_WRONLY);
@@ -72,7 +72,7 @@ TEST_F(ProviderTest, KillAtAnyInstantLeavesTheOldOrTheNewArchive) {
     writeBytes(dir / "marker.txt", std::to_string(trial));
     // One random instant in each slice of the run and a little beyond.
     std::uniform_real_distribution<double> slice(trial - 1, trial);
-    const auto delay = duration * 1.2 * slice(random) / kTrials;
+    const auto delay = duration * 1.3 * slice(random) / kTrials;
     const pid_t child = startProvider(update, dir, quiet, quiet);
     std::this_thread::sleep_for(delay);
     kill(child, SIGKILL);
@@ -82,6 +82,8 @@ TEST_F(ProviderTest, KillAtAnyInstantLeavesTheOldOrTheNewArchive) {
     ASSERT_TRUE(marker == current || marker == std::to_string(trial))
         << "trial " << trial << " marker '" << marker << "'";
     (marker == current ? old : updated) += 1;
+    // A run that outlasts a late kill shows the machine is slower than measured.
+    if (marker == current && delay > duration * 0.9) duration *= 1.3;
     current = marker;
     for (const auto& entry : fs::directory_iterator(dir)) {
       if (files.count(entry.path().filename()) == 0) fs::remove(entry.path());
