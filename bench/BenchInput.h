@@ -23,7 +23,8 @@ inline orlo::core::AttributeCollection benchDeviceAttributes() {
   orlo::core::AttributeCollection attributes;
   for (auto flag : {properties::nvme1Point1OrGreater, properties::nvme1Point2OrGreater,
                     properties::nvme1Point3OrGreater, properties::nvme1Point4OrGreater,
-                    properties::nvme2Point0OrGreater, properties::veldraNVMe}) {
+                    properties::nvme2Point0OrGreater, properties::veldraNVMe,
+                    properties::supportCommandEffectsLogEnhancements}) {
     orlo::core::writeUInt8(attributes, flag(), 1);
   }
   orlo::core::writeString(attributes, properties::product(),

@@ -18,13 +18,14 @@ cmake --build "$build" -j "$(nproc)" --target fuzzers
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 failed=()
-for program in "$build"/fuzz/fuzz_*; do
-  name=${program##*/fuzz_}
+for seeds in fuzz/corpus/*/; do
+  name=$(basename "$seeds")
+  program=$build/fuzz/fuzz_$name
   corpus=$build/corpus/$name
   mkdir -p "$corpus" "$build/artifacts"
   log=$build/fuzz_$name.log
   if "$program" -max_total_time="$seconds" -print_final_stats=1 -timeout=10 -rss_limit_mb=2048 \
-    -artifact_prefix="$build/artifacts/${name}-" "$corpus" "fuzz/corpus/$name" >"$log" 2>&1; then
+    -artifact_prefix="$build/artifacts/${name}-" "$corpus" "$seeds" >"$log" 2>&1; then
     printf '%-12s %12s executions\n' "$name" \
       "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")"
   else

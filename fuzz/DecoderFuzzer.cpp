@@ -1,0 +1,80 @@
+// Every Identify decoder and the log-page decoders over payloads of any size and any device
+// attributes. A decoder never fails: it gives a tree, and an Identify decoder one without
+// children for a payload too short for its structure.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "DeviceAttributes.h"
+#include "orlo/core/Payload.h"
+#include "orlo/core/xml/XmlObject.h"
+#include "orlo/features/identify/ATAIdentifyDecoder.h"
+#include "orlo/features/identify/NVMe_CommandSetVector.h"
+#include "orlo/features/identify/NVMe_ControllerData.h"
+#include "orlo/features/identify/NVMe_ControllerList.h"
+#include "orlo/features/identify/NVMe_NamespaceData.h"
+#include "orlo/features/identify/NVMe_NamespaceGranularityList.h"
+#include "orlo/features/identify/NVMe_NamespaceIdentification.h"
+#include "orlo/features/identify/NVMe_NamespaceList.h"
+#include "orlo/features/identify/NVMe_PrimaryControllerCapabilities.h"
+#include "orlo/features/identify/NVMe_SecondaryControllerList.h"
+#include "orlo/features/identify/NVMe_UUIDList.h"
+#include "orlo/features/nvme_get_log/CommandEffectsDecoder.h"
+
+namespace {
+
+using orlo::core::AttributeCollection;
+using orlo::core::Payload;
+using Tree = std::unique_ptr<orlo::core::xml::XmlObject>;
+namespace nvme = orlo::features::identify::nvme;
+
+template <Tree (*decode)(const Payload&)>
+Tree withoutAttributes(const Payload& payload, const AttributeCollection&) {
+  return decode(payload);
+}
+
+struct Decoder {
+  Tree (*decode)(const Payload&, const AttributeCollection&);
+  // Below this size the tree has no children; 0 for a decoder that reports a short payload
+  // in its tree.
+  uint32_t structureSize;
+};
+
+const Decoder kDecoders[] = {
+    {nvme::controllerData::toXmlObject, 4096},
+    {orlo::features::identify::ata::decodeIdentifyDevice, 512},
+    {nvme::namespaceData::toXmlObject, 4096},
+    {withoutAttributes<nvme::namespaceList::toXmlObject>, 4096},
+    {withoutAttributes<nvme::namespaceIdentification::toXmlObject>, 4096},
+    {withoutAttributes<nvme::controllerList::toXmlObject>, 4096},
+    {withoutAttributes<nvme::primaryControllerCapabilities::toXmlObject>, 4096},
+    {withoutAttributes<nvme::secondaryControllerList::toXmlObject>, 4096},
+    {withoutAttributes<nvme::namespaceGranularityList::toXmlObject>, 288},
+    {withoutAttributes<nvme::UUIDList::toXmlObject>, 4096},
+    {withoutAttributes<nvme::commandSetVector::toXmlObject>, 4096},
+    {orlo::features::nvme_get_log::commandEffects::decode, 0},
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  FuzzedDataProvider input(data, size);
+  const Decoder& decoder =
+      kDecoders[input.ConsumeIntegralInRange<size_t>(0, std::size(kDecoders) - 1)];
+  const AttributeCollection attributes = deviceAttributesFrom(input);
+  const std::vector<uint8_t> bytes = input.ConsumeRemainingBytes<uint8_t>();
+  const Payload payload(bytes.data(), bytes.size());
+
+  const Tree tree = decoder.decode(payload, attributes);
+  if (!tree) std::abort();
+  const bool hasChildren =
+      !tree->properties().empty() || !tree->lists().empty() || !tree->objects().empty();
+  if (payload.size() < decoder.structureSize && hasChildren) std::abort();
+  std::string xml;
+  tree->write(xml);
+  return 0;
+}
