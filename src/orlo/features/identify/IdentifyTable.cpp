@@ -38,6 +38,10 @@ std::string formatted(const Row& row, const Source& source, const Bytes& bytes) 
       return valueForms::longHex(source.payload, offset, bytes.length, row.form.reversed);
     case Form::kHex128:
       return valueForms::hex128(source.payload, offset);
+    case Form::kText: {
+      const std::string text = valueForms::text(source.payload, offset, bytes.length);
+      return text.empty() ? row.form.blank : text;
+    }
   }
   return "";
 }

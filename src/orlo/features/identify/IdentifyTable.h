@@ -57,10 +57,12 @@ struct Form {
     kBareHex,  // no prefix, at least `digits` digits
     kLongHex,  // two digits a byte, in stored order or `reversed`; long zero runs read "0x0"
     kHex128,   // "0x", the high then the low 64 bits, 16 digits each
+    kText,     // the bytes as cleaned text, or `blank` when nothing is left
   };
   Kind kind;
   uint8_t digits;
   bool reversed;
+  const char* blank = "";
 };
 constexpr Form empty{Form::kEmpty, 0, false};
 constexpr Form decimal{Form::kDecimal, 0, false};
@@ -73,6 +75,10 @@ constexpr Form bareHex(uint8_t digits = 0) {
 constexpr Form longHex{Form::kLongHex, 0, false};
 constexpr Form longHexReversed{Form::kLongHex, 0, true};
 constexpr Form hex128{Form::kHex128, 0, false};
+constexpr Form text{Form::kText, 0, false};
+constexpr Form textOr(const char* blank) {
+  return Form{Form::kText, 0, false, blank};
+}
 
 // Words that name the values of a field: indexed by the value, with `otherwise` for the
 // values past the list. They follow the formatted value, or stand in its place.
