@@ -16,11 +16,13 @@ using namespace table;
 constexpr ListWalk kVectors{0, 8, 512};
 
 // Each vector is announced by a property of its own, "Command Set Vector n", before these.
+// clang-format off
 constexpr Row kCommandSets[] = {
-    field("Bit 0", "NVM Command Set", range(0, 7), bit(0), decimal),
-    field("Bit 1", "Key Value Command Set", range(0, 7), bit(1), decimal),
+    field("Bit 0", "NVM Command Set",             range(0, 7), bit(0), decimal),
+    field("Bit 1", "Key Value Command Set",       range(0, 7), bit(1), decimal),
     field("Bit 2", "Zoned Namespace Command Set", range(0, 7), bit(2), decimal),
 };
+// clang-format on
 
 }  // namespace
 

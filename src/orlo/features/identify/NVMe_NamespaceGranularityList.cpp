@@ -13,16 +13,17 @@ using namespace table;
 // The header and the first sixteen descriptors.
 constexpr uint32_t kMinimumSize = 288;
 
+// clang-format off
 constexpr Row kHeader[] = {
-    field("Namespace Granularity Attributes", "Granularity Descriptor Mapping", range(0, 3), bit(0),
-          decimal),
-    field("Number of Descriptors", "", byte(4), decimal),
+    field("Namespace Granularity Attributes", "Granularity Descriptor Mapping", range(0, 3), bit(0), decimal),
+    field("Number of Descriptors",            "",                               byte(4),     decimal),
 };
 
 constexpr Row kDescriptor[] = {
-    field("Namespace Size Granularity", "", range(0, 7), hex(16)),
+    field("Namespace Size Granularity",     "", range(0, 7),  hex(16)),
     field("Namespace Capacity Granularity", "", range(8, 15), hex(16)),
 };
+// clang-format on
 
 }  // namespace
 

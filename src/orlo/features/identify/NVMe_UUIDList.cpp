@@ -16,6 +16,7 @@ using namespace table;
 
 constexpr ListWalk kEntries{32, 32, 127};
 
+// clang-format off
 constexpr Row kHeader[] = {
     field("Byte 0-31", "Reserved", range(0, 31), longHex),
 };
@@ -31,10 +32,11 @@ constexpr const char* kAssociationWords[] = {
 constexpr Words kAssociation = replacing(kAssociationWords);
 
 constexpr Row kEntry[] = {
-    field("Byte 0", "Identifier Association", byte(0), bits(1, 0), decimal).named(kAssociation),
-    field("Byte 1-15", "Reserved", range(1, 15), longHex),
-    field("Byte 16-31", "UUID", range(16, 31), longHexReversed),
+    field("Byte 0",     "Identifier Association", byte(0),       bits(1, 0), decimal).named(kAssociation),
+    field("Byte 1-15",  "Reserved",               range(1, 15),  longHex),
+    field("Byte 16-31", "UUID",                   range(16, 31), longHexReversed),
 };
+// clang-format on
 
 bool isZeroUuid(const core::Payload& payload, uint32_t entry) {
   return valueForms::littleEndian(payload, entry + 16, 8) == 0 &&
