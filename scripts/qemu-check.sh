@@ -1,0 +1,190 @@
+#!/usr/bin/env bash
+# Checks the device backends on emulated drives: builds and installs orlo, packs the
+# installed files with their shared libraries, busybox and the kernel's NVMe and
+# AHCI drivers into an initramfs, boots Debian's kernel on it under
+# qemu-system-x86_64 (software emulation) with an NVMe controller and an AHCI SATA
+# disk, and compares what orlo decodes from both drives with what the VM's sysfs
+# says of them: serial number, model, firmware and version. Needs
+# scripts/setup-qemu.sh once. Prints the drives' answers and the time it took.
+#
+#   bash scripts/qemu-check.sh            build in build-qemu, then boot
+#   ORLO_QEMU_BUILD=DIR bash scripts/...  another build directory
+set -euo pipefail
+cd "$(dirname "$0")/.."
+started=$(date +%s)
+
+build=${ORLO_QEMU_BUILD:-build-qemu}
+work=$(mktemp -d /tmp/orlo-qemu.XXXXXX)
+trap 'rm -rf "$work"' EXIT
+kernel_version=$(ls /lib/modules | sort -V | tail -1)
+kernel=/boot/vmlinuz-$kernel_version
+for need in qemu-system-x86_64 busybox cpio modinfo; do
+  command -v "$need" >/dev/null || { echo "qemu-check: $need is missing; run scripts/setup-qemu.sh" >&2; exit 2; }
+done
+[ -r "$kernel" ] || { echo "qemu-check: no kernel at $kernel; run scripts/setup-qemu.sh" >&2; exit 2; }
+
+echo "== building and installing orlo"
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DORLO_TESTS=OFF >/dev/null
+cmake --build "$build" -j "$(nproc)" >/dev/null
+prefix=/opt/orlo
+root=$work/root
+DESTDIR=$root cmake --install "$build" --prefix "$prefix" --strip >/dev/null
+
+echo "== packing the initramfs"
+mkdir -p "$root"/{bin,dev,etc,proc,sys,tmp,modules}
+printf 'root:x:0:0:root:/:/bin/sh\nnobody:x:65534:65534:nobody:/:/bin/sh\n' >"$root/etc/passwd"
+printf 'root:x:0:\nnogroup:x:65534:\n' >"$root/etc/group"
+cp "$(command -v busybox)" "$root/bin/busybox"
+# Every installed program and library brings the shared libraries it loads.
+find "$root$prefix" -type f \( -perm -u+x -o -name '*.so*' \) | while read -r elf; do
+  ldd "$elf" 2>/dev/null | grep -o '/[^ ]*' || true
+done | sort -u | while read -r library; do
+  mkdir -p "$root$(dirname "$library")"
+  cp -L "$library" "$root$library"
+done
+
+# The drivers, with the modules they need loaded before them.
+order=()
+add_module() {
+  local name=$1 dependency
+  for dependency in $(modinfo -k "$kernel_version" -F depends "$name" | tr ',' ' '); do
+    add_module "$dependency"
+  done
+  local file
+  file=$(modinfo -k "$kernel_version" -F filename "$name")
+  [[ " ${order[*]-} " == *" $file "* ]] || order+=("$file")
+}
+for module in scsi_common sd_mod ahci nvme; do add_module "$module"; done
+for file in "${order[@]}"; do
+  cp "$file" "$root/modules/"
+  basename "$file" >>"$root/modules/order"
+done
+
+# The NVMe version register, read through the controller's PCI resource file in
+# sysfs. The kernel refuses to map registers that a driver has claimed, so the VM
+# reads it before the NVMe driver is loaded.
+cat >"$work/read-register.c" <<'C'
+#include <fcntl.h>
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/mman.h>
+int main(int argc, char** argv) {
+  int fd = open(argv[1], O_RDONLY | O_SYNC);
+  if (fd < 0) return perror(argv[1]), 1;
+  volatile uint32_t* registers = mmap(0, 4096, PROT_READ, MAP_SHARED, fd, 0);
+  if (registers == MAP_FAILED) return perror("mmap"), 1;
+  printf("0x%08x\n", registers[strtoul(argv[2], 0, 0) / 4]);
+  return 0;
+}
+C
+gcc -static -O2 -o "$root/bin/read-register" "$work/read-register.c"
+
+cat >"$root/init" <<'SH'
+#!/bin/busybox sh
+/bin/busybox --install -s /bin
+mount -t proc proc /proc
+mount -t sysfs sysfs /sys
+mount -t devtmpfs devtmpfs /dev
+for module in $(cat /modules/order); do
+  if [ "$module" = nvme.ko ]; then
+    for function in /sys/bus/pci/devices/*; do
+      [ "$(cat "$function/class")" = 0x010802 ] || continue
+      echo 1 >"$function/enable"
+      read-register "$function/resource0" 8 >/tmp/nvme-version
+      echo 0 >"$function/enable"
+    done
+  fi
+  insmod "/modules/$module"
+done
+for second in $(seq 60); do
+  [ -e /dev/nvme0 ] && [ -e /dev/sda ] && break
+  sleep 1
+done
+echo
+echo "== begin"
+sh /check.sh
+echo "== end"
+poweroff -f
+SH
+chmod +x "$root/init"
+
+cat >"$root/check.sh" <<SH
+probe=$prefix/libexec/orlo/orlo-probe
+orlo=$prefix/bin/orlo
+SH
+cat >>"$root/check.sh" <<'SH'
+trim() { sed 's/^[ \t]*//; s/[ \t]*$//'; }
+attribute() { "$probe" show -ssd "$1" | sed -n "s/^$2=//p"; }
+failures=0
+same() {
+  if [ "$2" = "$3" ]; then echo "PASS $1: $2"; else echo "FAIL $1: orlo '$2', sysfs '$3'"; failures=$((failures + 1)); fi
+}
+starts() {
+  case "$2" in "$3"*) echo "PASS $1: '$2' starts with '$3'" ;;
+    *) echo "FAIL $1: orlo '$2', sysfs '$3'"; failures=$((failures + 1)) ;; esac
+}
+holds() {
+  case "$2" in *"$3"*) echo "PASS $1: '$2' holds '$3'" ;;
+    *) echo "FAIL $1: orlo '$2', sysfs '$3'"; failures=$((failures + 1)) ;; esac
+}
+
+echo "-- the installed orlo"; "$orlo" help | head -5
+echo "-- drives"; "$probe" list
+for node in /dev/nvme0 /dev/sda; do echo "-- $node"; "$probe" show -ssd "$node"; done
+
+nvme=/sys/class/nvme/nvme0
+same nvme-serial "$(attribute /dev/nvme0 SerialNumber)" "$(trim <$nvme/serial)"
+same nvme-model "$(attribute /dev/nvme0 ModelNumber)" "$(trim <$nvme/model)"
+same nvme-firmware "$(attribute /dev/nvme0 Firmware)" "$(trim <$nvme/firmware_rev)"
+version=$(cat /tmp/nvme-version)
+set -- $("$probe" identify -ssd /dev/nvme0 | sed -n 6p)
+same nvme-version "0x$2$1" "$version"
+major=$((version >> 16)); minor=$(((version >> 8) & 255))
+for gate in 1.1 1.2 1.3 1.4 2.0; do
+  want=False
+  [ $((major * 256 + minor)) -ge $((${gate%.*} * 256 + ${gate#*.})) ] && want=True
+  same "nvme-version-$gate" "$(attribute /dev/nvme0 "NVMe$(echo $gate | sed 's/\./Point/')OrGreater")" "$want"
+done
+same nvme-namespace "$(attribute /dev/nvme0n1 NamespaceId)" "$(trim </sys/block/nvme0n1/nsid)"
+
+sata=/sys/block/sda/device
+same sata-serial "$(attribute /dev/sda SerialNumber)" "$(tail -c +5 $sata/vpd_pg80 | tr -d '\0' | trim)"
+starts sata-model "$(attribute /dev/sda ModelNumber)" "$(trim <$sata/model)"
+holds sata-firmware "$(attribute /dev/sda Firmware)" "$(trim <$sata/rev)"
+port=$(readlink -f $sata | grep -o 'ata[0-9]*' | head -1)
+same sata-identify "$("$probe" identify -ssd /dev/sda | md5sum)" "$(md5sum </sys/class/ata_device/dev${port#ata}.0/id)"
+
+for node in /dev/nvme0 /dev/sda; do
+  image=/tmp/image-${node#/dev/}
+  "$probe" capture -ssd "$node" -image "$image"
+  echo "-- captured from $node:" $(ls "$image")
+  same "replay-$node" "$("$probe" show -ssd "$image" | md5sum)" "$("$probe" show -ssd "$node" | md5sum)"
+  refused=$(su nobody -c "$probe show -ssd $node" 2>&1)
+  same "unprivileged-exit-$node" "$?" 1
+  holds "unprivileged-message-$node" "$refused" "Reading a drive needs root."
+done
+echo "failures=$failures"
+SH
+
+(cd "$root" && find . | cpio -o -H newc --quiet | gzip -1) >"$work/initramfs.gz"
+
+echo "== booting the VM"
+truncate -s 64M "$work/nvme.img" "$work/sata.img"
+booted=$(date +%s)
+timeout 600 qemu-system-x86_64 -machine pc -accel tcg -m 512 -smp 1 -nographic -no-reboot \
+  -kernel "$kernel" -initrd "$work/initramfs.gz" \
+  -append "console=ttyS0 quiet panic=-1 rdinit=/init" \
+  -drive "file=$work/nvme.img,if=none,id=nvm,format=raw" -device nvme,serial=ORLONVME0001,drive=nvm \
+  -drive "file=$work/sata.img,if=none,id=disk,format=raw" -device ahci,id=ahci \
+  -device ide-hd,drive=disk,bus=ahci.0,serial=ORLOSATA0001 </dev/null >"$work/console.log" 2>&1 || true
+finished=$(date +%s)
+
+sed -n '/== begin/,/^== end/p' "$work/console.log" | tr -d '\r' | sed 's/.*== begin/== begin/'
+echo "== build and pack $((booted - started)) s, VM $((finished - booted)) s"
+if ! grep -q '^failures=0' "$work/console.log"; then
+  echo "qemu-check: FAILED" >&2
+  grep -q '== begin' "$work/console.log" || tail -40 "$work/console.log" >&2
+  exit 1
+fi
+echo "qemu-check: passed"
