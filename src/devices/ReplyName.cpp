@@ -18,28 +18,24 @@ constexpr uint8_t kIdentify = 0x06;
 const std::set<uint8_t> kNamespaceStructures = {0x00, 0x02, 0x03, 0x05, 0x06, 0x07, 0x08,
                                                 0x10, 0x11, 0x12, 0x1A, 0x1B, 0x1F};
 
-std::string format(const char* pattern, unsigned long a, unsigned long b = 0,
-                   unsigned long long c = 0) {
-  char name[80];
-  std::snprintf(name, sizeof name, pattern, a, b, c);
-  return name;
-}
-
 std::string nvmeName(const commands::nvme::Command& command) {
   const commands::nvme::SubmissionEntry& entry = command.submissionEntry;
-  const uint8_t opcode = entry.bytes[0];
-  const uint32_t nsid = entry.dword(1);
+  const unsigned opcode = entry.bytes[0];
+  const unsigned long nsid = entry.dword(1);
+  char name[64];
   if (opcode == kIdentify) {
     const uint8_t cns = entry.dword(10) & 0xFF;
-    return format("nvme-identify-cns%02lx-nsid%08lx.bin", cns,
-                  kNamespaceStructures.count(cns) ? nsid : 0);
+    std::snprintf(name, sizeof name, "nvme-identify-cns%02x-nsid%08lx.bin", cns,
+                  kNamespaceStructures.count(cns) ? nsid : 0ul);
+  } else if (opcode == kGetLogPage) {
+    const unsigned long long offset =
+        (static_cast<unsigned long long>(entry.dword(13)) << 32) | entry.dword(12);
+    std::snprintf(name, sizeof name, "nvme-getlog-lid%02x-nsid%08lx-offset%llu.bin",
+                  static_cast<unsigned>(entry.dword(10) & 0xFF), nsid, offset);
+  } else {
+    std::snprintf(name, sizeof name, "nvme-opc%02x-nsid%08lx.bin", opcode, nsid);
   }
-  if (opcode == kGetLogPage) {
-    const uint64_t offset = (static_cast<uint64_t>(entry.dword(13)) << 32) | entry.dword(12);
-    return format("nvme-getlog-lid%02lx-nsid%08lx-offset%llu.bin", entry.dword(10) & 0xFF, nsid,
-                  offset);
-  }
-  return format("nvme-opc%02lx-nsid%08lx.bin", opcode, nsid);
+  return name;
 }
 
 std::string ataName(const commands::ata::Command& command) {
@@ -47,7 +43,11 @@ std::string ataName(const commands::ata::Command& command) {
   const unsigned long lba = (static_cast<unsigned long>(registers.device & 0x0F) << 24) |
                             (static_cast<unsigned long>(registers.lbaHigh) << 16) |
                             (static_cast<unsigned long>(registers.lbaMid) << 8) | registers.lbaLow;
-  return format("ata-cmd%02lx-lba%lu-count%llu.bin", registers.command, lba, registers.sectorCount);
+  char name[64];
+  std::snprintf(name, sizeof name, "ata-cmd%02x-lba%lu-count%u.bin",
+                static_cast<unsigned>(registers.command), lba,
+                static_cast<unsigned>(registers.sectorCount));
+  return name;
 }
 
 }  // namespace
