@@ -1,5 +1,6 @@
 #include "devices/ImageCapture.h"
 
+#include <algorithm>
 #include <set>
 #include <vector>
 
@@ -10,6 +11,8 @@
 #include "orlo/commands/nvme/GetLogPage.h"
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/core/PropertyDescriptors.h"
+#include "orlo/features/feature/UUID/GUID16.h"
+#include "orlo/features/feature/UUID/UUIDListReader.h"
 
 namespace orlo::devices {
 
@@ -23,11 +26,14 @@ constexpr uint32_t kMostNamespaces = 16;
 // The Identify structures that the toolkit decodes.
 constexpr uint8_t kDecodedStructures[] = {0, 1, 2, 3, 16, 17, 18, 19, 20, 21, 22, 23, 26, 28};
 
+constexpr uint8_t kUUIDList = 23;
+
 struct LogPage {
   uint8_t id;
   uint32_t bytes;
+  bool vendorUUID;  // asked for with the UUID index of the vendor's GUID
 };
-constexpr LogPage kLogPages[] = {{5, 4096}, {221, 512}};
+constexpr LogPage kLogPages[] = {{5, 4096, false}, {221, 512, true}};
 
 class Recorder {
  public:
@@ -73,11 +79,27 @@ std::vector<uint32_t> activeNamespaces(const core::Payload& list) {
   return namespaces;
 }
 
+// The index that the toolkit gives a vendor log page: that of the vendor's GUID in
+// the drive's UUID list, in either byte order; 0, no selection, without one.
+uint32_t vendorUUIDIndex(const core::Payload& uuidList) {
+  const std::vector<features::uuid::UUIDListEntry> entries = features::uuid::readUUIDList(uuidList);
+  for (const features::uuid::GUID16& guid :
+       {features::uuid::VendorGUID, features::uuid::VendorGUIDReversed}) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      if (std::equal(guid.begin(), guid.end(), entries[i].begin() + 16)) {
+        return static_cast<uint32_t>(i + 1);
+      }
+    }
+  }
+  return 0;
+}
+
 void captureNvme(core::Device& device, Recorder& recorder) {
   std::set<uint32_t> namespaces = {0, kAllNamespaces};
   const uint32_t own = core::readUInt32(device.attributes, properties::namespaceId());
   if (own != 0) namespaces.insert(own);
   for (const uint32_t id : activeNamespaces(identify(recorder, 2, 0))) namespaces.insert(id);
+  const uint32_t uuidIndex = vendorUUIDIndex(identify(recorder, kUUIDList, 0));
   for (const uint8_t cns : kDecodedStructures) {
     for (const uint32_t id : namespaces) identify(recorder, cns, id);
   }
@@ -87,6 +109,7 @@ void captureNvme(core::Device& device, Recorder& recorder) {
     command.submissionEntry.setDword(1, kAllNamespaces);
     command.submissionEntry.setDword(10, page.id | (dwords & 0xFFFF) << 16);
     command.submissionEntry.setDword(11, dwords >> 16);
+    if (page.vendorUUID) command.submissionEntry.setDword(14, uuidIndex);
     command.transferBytes = page.bytes;
     recorder.keep(command);
   }

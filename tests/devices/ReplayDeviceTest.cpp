@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -13,7 +15,9 @@
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/xml/XmlObject.h"
+#include "orlo/features/feature/UUID/GUID16.h"
 #include "orlo/features/identify/ATAIdentify.h"
+#include "support/FakeDevice.h"
 
 namespace {
 
@@ -152,6 +156,28 @@ TEST(ReplayDevice, CaptureOfAReplayedDriveReplaysAlike) {
           << entry.path();
     }
   }
+}
+
+TEST(ImageCapture, AsksTheVendorLogWithTheIndexOfTheVendorGUID) {
+  orlo::core::Payload uuids(4096);  // the reversed vendor GUID as third entry: index 3
+  const auto& guid = orlo::features::uuid::VendorGUIDReversed;
+  for (int entry = 0; entry < 3; ++entry) uuids[32 * (entry + 1) + 16] = 0x11;
+  std::copy(guid.begin(), guid.end(), uuids.data() + 32 * 3 + 16);
+  orlo::test::FakeDevice drive;
+  drive.answer(orlo::test::FakeDevice::nvme([](const orlo::commands::nvme::Command& command) {
+                 return command.submissionEntry.bytes[0] == 6 &&
+                        command.submissionEntry.dword(10) == 23;
+               }),
+               {Status::success(), uuids, nullptr});
+  orlo::test::ScratchDirectory image;
+  EXPECT_EQ(orlo::devices::captureImage(drive, image.path.string()), Status::success());
+
+  std::map<uint32_t, uint32_t> uuidIndexOfLog;
+  for (std::size_t i = 0; i < drive.sent.size(); ++i) {
+    const auto& entry = drive.sentNvme(i).submissionEntry;
+    if (entry.bytes[0] == 2) uuidIndexOfLog[entry.dword(10) & 0xFF] = entry.dword(14);
+  }
+  EXPECT_EQ(uuidIndexOfLog, (std::map<uint32_t, uint32_t>{{5, 0}, {221, 3}}));
 }
 
 }  // namespace
