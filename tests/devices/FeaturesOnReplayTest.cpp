@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <memory>
 #include <string>
 
+#include "ScratchDirectory.h"
 #include "devices/ReplayDevice.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/xml/XmlObject.h"
 #include "orlo/features/identify/Identify.h"
+#include "orlo/features/nvme_get_log/LogFactories.h"
 
 namespace {
 
@@ -15,10 +18,17 @@ namespace properties = orlo::core::properties;
 
 const std::string kImages = std::string(ORLO_TEST_DATA_DIR) + "/images/";
 
-std::shared_ptr<orlo::core::Device> open(const std::string& image) {
+std::shared_ptr<orlo::core::Device> open(const std::string& image, const std::string& makers = "") {
+  orlo::devices::VendorList vendors;
+  EXPECT_EQ(vendors.add(makers), Status::success());
   std::shared_ptr<orlo::devices::ReplayDevice> device;
-  EXPECT_EQ(orlo::devices::ReplayDevice::open(kImages + image, {}, device), Status::success());
+  EXPECT_EQ(orlo::devices::ReplayDevice::open(kImages + image, vendors, device), Status::success());
   return device;
+}
+
+std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 // Every structure that the toolkit decodes, asked through the front end as a user
@@ -77,6 +87,45 @@ TEST(IdentifyOnReplay, AStructureTheDriveRefusesGivesItsStatus) {
 
   orlo::features::identify::Identify ata(open("sata-corvid-s300"), {});
   EXPECT_EQ(ata.identify(), Status::success());
+}
+
+TEST(GetLogOnReplay, BothLogPagesOfAMakerDriveDecodeAndDump) {
+  const auto device = open("nvme-tamsel-t2", "1e5a");
+  struct Case {
+    std::string name;
+    std::string text;
+    std::string reply;
+  };
+  const Case cases[] = {
+      {"CommandEffectsLog", "Admin Command 6 (0x06)", "nvme-getlog-lid05-nsidffffffff-offset0.bin"},
+      {"marketingdescription", "Tamsel T2 3.84TB U.2 NVMe SSD, PCIe Gen4 x4, 1 DWPD",
+       "nvme-getlog-liddd-nsidffffffff-offset0.bin"},
+  };
+  for (const Case& c : cases) {
+    auto log = orlo::features::nvme_get_log::makeLog(c.name, device, {});
+    ASSERT_NE(log, nullptr) << c.name;
+    const Status status = log->sendCommand();
+    EXPECT_EQ(status, Status::success()) << c.name << ": " << status.message();
+    std::string xml;
+    log->getXml()->write(xml);
+    EXPECT_NE(xml.find(c.text), std::string::npos) << c.name;
+    orlo::test::ScratchDirectory folder;
+    const std::string dump = (folder.path / "log.bin").string();
+    EXPECT_EQ(log->writeBinaryToFile(dump), Status::success());
+    EXPECT_EQ(readFile(dump), readFile(kImages + "nvme-tamsel-t2/" + c.reply)) << c.name;
+  }
+  // Scope fields show only on a drive that reports the effects log enhancements.
+  auto effects = orlo::features::nvme_get_log::makeLog("CommandEffectsLog", device, {});
+  effects->sendCommand();
+  std::string xml;
+  effects->getXml()->write(xml);
+  EXPECT_NE(xml.find("NVM Subsystem Scope"), std::string::npos);
+}
+
+TEST(GetLogOnReplay, ADriveOfAnotherMakerIsRefused) {
+  auto log =
+      orlo::features::nvme_get_log::makeLog("MarketingDescription", open("nvme-tamsel-t2"), {});
+  EXPECT_EQ(log->sendCommand(), Status(10, 1, "Drive is not a Veldra SSD."));
 }
 
 }  // namespace
