@@ -17,6 +17,8 @@ cmake --build "$build" -j "$(nproc)" --target fuzzers
 
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+# The archive target writes a file per input; memory-backed storage keeps it quick.
+[ -w /dev/shm ] && export TMPDIR=/dev/shm
 failed=()
 for seeds in fuzz/corpus/*/; do
   name=$(basename "$seeds")
