@@ -23,7 +23,9 @@
 #include "orlo/features/identify/NVMe_PrimaryControllerCapabilities.h"
 #include "orlo/features/identify/NVMe_SecondaryControllerList.h"
 #include "orlo/features/identify/NVMe_UUIDList.h"
-#include "orlo/features/nvme_get_log/CommandEffectsDecoder.h"
+#include "orlo/features/nvme_get_log/NVMeGetLogMarketingDescription.h"
+#include "orlo/features/nvme_get_log/NVMeGetLog_CommandsEffects.h"
+#include "support/FakeDevice.h"
 
 namespace {
 
@@ -31,10 +33,21 @@ using orlo::core::AttributeCollection;
 using orlo::core::Payload;
 using Tree = std::unique_ptr<orlo::core::xml::XmlObject>;
 namespace nvme = orlo::features::identify::nvme;
+namespace getLog = orlo::features::nvme_get_log;
 
 template <Tree (*decode)(const Payload&)>
 Tree withoutAttributes(const Payload& payload, const AttributeCollection&) {
   return decode(payload);
+}
+
+// A log page decodes the bytes its drive sent; here they are put in its payload directly.
+template <typename LogPage>
+Tree logPage(const Payload& payload, const AttributeCollection& attributes) {
+  auto device = std::make_shared<orlo::test::FakeDevice>();
+  device->attributes = attributes;
+  LogPage page(device, attributes);
+  page.payload = payload;
+  return page.getXml();
 }
 
 struct Decoder {
@@ -56,7 +69,8 @@ const Decoder kDecoders[] = {
     {withoutAttributes<nvme::namespaceGranularityList::toXmlObject>, 288},
     {withoutAttributes<nvme::UUIDList::toXmlObject>, 4096},
     {withoutAttributes<nvme::commandSetVector::toXmlObject>, 4096},
-    {orlo::features::nvme_get_log::commandEffects::decode, 0},
+    {logPage<getLog::NVMeGetLog_CommandsEffects>, 0},
+    {logPage<getLog::NVMeGetLogMarketingDescription>, 4},
 };
 
 }  // namespace

@@ -44,8 +44,11 @@ inline orlo::core::AttributeCollection deviceAttributesFrom(FuzzedDataProvider& 
        products::ProductFamilyThree, products::ProductFamilyFour, products::ProductFamilyFourDP,
        "x" + products::ProductFamilyOneRR + "x", std::string("tamsel t4 dp")});
   orlo::core::writeString(attributes, properties::product(), product);
+  const uint8_t oem = input.ConsumeIntegralInRange<uint8_t>(0, 2);
   orlo::core::writeString(attributes, properties::oem(),
-                          input.ConsumeBool() ? "Oracle" : input.ConsumeRandomLengthString(16));
+                          oem == 1   ? "Oracle"
+                          : oem == 2 ? "Generic"
+                                     : input.ConsumeRandomLengthString(16));
   for (auto identity : {properties::serialNumber, properties::firmware, properties::modelNumber}) {
     orlo::core::writeString(attributes, identity(), input.ConsumeRandomLengthString(48));
   }
