@@ -52,7 +52,10 @@ core::Status ReplayDevice::open(const std::string& directory, const VendorList& 
   core::Status status = replay->image_.readAttributes(replay->protocol_, stated);
   if (!core::succeeded(status)) return status;
   status = identifyDrive(*replay, makers);
-  if (!core::succeeded(status)) return status;
+  if (!core::succeeded(status)) {
+    status.setMessage("Device image " + directory + " has no Identify reply: " + status.message());
+    return status;
+  }
   for (const auto& entry : stated) replay->attributes.add(entry.second);
   device = replay;
   return core::Status::success();
