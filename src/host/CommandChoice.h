@@ -16,7 +16,7 @@ struct CommandChoice {
   std::string error;  // why the line is refused
 };
 
-// Among the specifications whose verb is `words[0]` (in any case), the first that
+// Among the command specifications whose verb is `words[0]` (in any case), the first that
 // the words fit. When none fits, the refusal is that of the first command that knew
 // every word, or else that of the first command of the verb. `words` holds at least
 // the verb.

@@ -14,7 +14,7 @@
 
 namespace plugin::cli {
 
-// Orders specifications by their address read as an unsigned 64-bit number.
+// Orders command specifications by their address read as an unsigned 64-bit number.
 struct CommandSpecAddressLess {
   bool operator()(const CommandSpec* left, const CommandSpec* right) const {
     return reinterpret_cast<uint64_t>(left) < reinterpret_cast<uint64_t>(right);
