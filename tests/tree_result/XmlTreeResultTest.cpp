@@ -79,7 +79,7 @@ TEST(XmlTreeResult, RendersEveryElementWithTheSameFieldsInEachFormat) {
             "<Object key=\"Identify Controller\" name=\"Identify Controller\">\n"
             "  <Property description=\"Feature\" name=\"Bit 3\" value=\"1\"/>\n"
             "  <Object description=\"Serial Number\" name=\"Byte 4-23\" "
-            "value=\"SN&#x1;,&quot;&amp;lt;7&quot;\">\n"
+            "value=\"SN\\x01,&quot;&amp;lt;7&quot;\">\n"
             "    <Property description=\"\" name=\"Bit 0\" value=\"\"/>\n"
             "  </Object>\n"
             "  <Object category=\"status\">\n"
@@ -90,7 +90,7 @@ TEST(XmlTreeResult, RendersEveryElementWithTheSameFieldsInEachFormat) {
             "</Object>\n");
 }
 
-TEST(XmlTreeResult, IndentsByLevelAndShowsAKeyThatDiffersFromTheName) {
+TEST(XmlTreeResult, IndentsByLevelShowsAKeyThatDiffersFromTheNameAndSkipsAnUnnamedRoot) {
   auto root = std::make_unique<XmlObject>();
   root->attribute("name") = "Log";
   root->attribute("key") = "Other";
@@ -100,6 +100,12 @@ TEST(XmlTreeResult, IndentsByLevelAndShowsAKeyThatDiffersFromTheName) {
   EXPECT_EQ(result.toJson(1), "  {\n    \"key\": \"Other\",\n    \"name\": \"Log\"\n  }");
   EXPECT_EQ(result.toXml(1), "  <Object key=\"Other\" name=\"Log\"></Object>\n");
   EXPECT_EQ(XmlTreeResult(std::make_unique<XmlObject>()).toJson(0), "{}");
+
+  auto unnamed = std::make_unique<XmlObject>();
+  unnamed->addProperty("Vector 0", "", "0x01");
+  const XmlTreeResult list(std::move(unnamed));
+  EXPECT_EQ(list.toText(0), "Vector 0: 0x01\n");
+  EXPECT_EQ(list.toCsv(), "Level,Name,Description,Value,Other\n0,Vector 0,,0x01,\n");
 }
 
 }  // namespace

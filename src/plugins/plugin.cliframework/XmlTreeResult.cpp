@@ -18,23 +18,20 @@ const std::string descriptionKey = "description";
 const std::string valueKey = "value";
 const std::string childrenKey = "children";
 
-bool isControl(unsigned char byte) {
-  return byte < 0x20 || byte == 0x7F;
-}
-
-std::string hexByte(const char* format, unsigned char byte) {
-  char code[8];
-  std::snprintf(code, sizeof code, format, byte);
-  return code;
-}
-
-// Device texts may hold control bytes; in text and CSV they are shown as \xNN, so
-// that every element keeps to its own line.
+// Device texts may hold control bytes. Text, CSV and XML show them as \xNN, so
+// that every element keeps to its own line and the XML stays well-formed (XML 1.0
+// has no form for most of them).
 std::string visible(const std::string& text) {
   std::string shown;
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    shown += isControl(byte) ? hexByte("\\x%02X", byte) : std::string(1, c);
+    if (byte >= 0x20 && byte != 0x7F) {
+      shown += c;
+      continue;
+    }
+    char code[5];
+    std::snprintf(code, sizeof code, "\\x%02X", byte);
+    shown += code;
   }
   return shown;
 }
@@ -48,17 +45,6 @@ std::string csvField(const std::string& text) {
   std::string quoted = "\"";
   for (const char c : shown) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
   return quoted + "\"";
-}
-
-// The tree's own attribute escaping, and control bytes as character references,
-// which the tree's escaping leaves raw.
-std::string xmlAttributeValue(const std::string& text) {
-  std::string escaped;
-  for (const char c : orlo::core::xml::escape(text)) {
-    const auto byte = static_cast<unsigned char>(c);
-    escaped += isControl(byte) ? hexByte("&#x%X;", byte) : std::string(1, c);
-  }
-  return escaped;
 }
 
 const std::string* fieldValue(const std::vector<std::pair<std::string, std::string>>& fields,
@@ -101,6 +87,10 @@ std::string XmlTreeResult::toText(uint32_t level) const {
 
 void XmlTreeResult::writeText(const XmlElement& element, uint32_t level, std::string& out) {
   const Fields fields = fieldsOf(element);
+  if (fields.empty()) {
+    for (const auto* child : childrenOf(element)) writeText(*child, level, out);
+    return;
+  }
   const std::string* name = fieldValue(fields, nameKey);
   const std::string* description = fieldValue(fields, descriptionKey);
   const std::string* value = fieldValue(fields, valueKey);
@@ -128,6 +118,10 @@ std::string XmlTreeResult::toCsv() const {
 
 void XmlTreeResult::writeCsv(const XmlElement& element, uint32_t level, std::string& out) {
   const Fields fields = fieldsOf(element);
+  if (fields.empty()) {
+    for (const auto* child : childrenOf(element)) writeCsv(*child, level, out);
+    return;
+  }
   std::string other;
   for (const auto& [key, text] : fields) {
     if (key == nameKey || key == descriptionKey || key == valueKey) continue;
@@ -179,7 +173,7 @@ void XmlTreeResult::writeXml(const XmlElement& element, uint32_t level, std::str
   const std::string tag = element.name();
   out += indent(level) + "<" + tag;
   for (const auto& [key, text] : element.attributes()) {
-    out += " " + key + "=\"" + xmlAttributeValue(text) + "\"";
+    out += " " + key + "=\"" + orlo::core::xml::escape(visible(text)) + "\"";
   }
   const auto children = childrenOf(element);
   if (dynamic_cast<const XmlObject*>(&element) == nullptr) {

@@ -20,8 +20,10 @@ namespace plugin::cli {
 //
 // Text: one line an element, two blanks a level: "description [name]: value",
 // or "name: value" without a description, other attributes behind in
-// parentheses. CSV: a header, then one row an element with its level. JSON: a
-// valid document, an object an element with its fields and a "children" array.
+// parentheses. CSV: a header, then one row an element with its level. An element
+// without fields (the root of some lists) has no line or row: its children stand
+// in its place. JSON: a valid document, an object an element with its fields and
+// a "children" array.
 class XmlTreeResult : public ResultBase {
  public:
   // The result is named after the root's `name`.
