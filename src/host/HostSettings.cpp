@@ -14,12 +14,15 @@ using orlo::core::strings::iequals;
 const std::string outputFlag = "-output";
 const std::string pluginDirFlag = "-plugin-dir";
 const std::string logFileFlag = "-log-file";
+const std::string makerVendorsFlag = "-maker-vendors";
+const std::string makerVendorsFileFlag = "-maker-vendors-file";
 
 const std::vector<std::string> formats = {plugin::cli::formats::text, plugin::cli::formats::json,
                                           plugin::cli::formats::xml, plugin::cli::formats::csv};
 
 bool isHostFlag(const std::string& word) {
-  return iequals(word, outputFlag) || iequals(word, pluginDirFlag) || iequals(word, logFileFlag);
+  return iequals(word, outputFlag) || iequals(word, pluginDirFlag) || iequals(word, logFileFlag) ||
+         iequals(word, makerVendorsFlag) || iequals(word, makerVendorsFileFlag);
 }
 
 std::optional<std::string> apply(const std::string& flag, const std::string& value,
@@ -28,6 +31,10 @@ std::optional<std::string> apply(const std::string& flag, const std::string& val
     settings.pluginDirectory = value;
   } else if (iequals(flag, logFileFlag)) {
     settings.logFile = value;
+  } else if (iequals(flag, makerVendorsFlag) || iequals(flag, makerVendorsFileFlag)) {
+    auto& makers = settings.drives.makers;
+    const auto read = iequals(flag, makerVendorsFlag) ? makers.add(value) : makers.addFile(value);
+    if (!orlo::core::succeeded(read)) return "Option " + flag + ": " + read.message();
   } else {
     const auto format = std::find_if(formats.begin(), formats.end(),
                                      [&](const auto& known) { return iequals(known, value); });
@@ -46,6 +53,11 @@ const std::vector<HostFlag> hostFlags = {
     {"-output", "text|json|xml|csv", "Format of the result (default text)."},
     {"-plugin-dir", "path", "Folder of the plug-ins (default PREFIX/lib/orlo/plugins)."},
     {"-log-file", "path", "Append a log to this file (default: no log)."},
+    {"-maker-vendors", "ids",
+     "PCI vendor IDs, in hex and separated by commas, whose drives are the maker's own; only "
+     "those give their log pages (default: none)."},
+    {"-maker-vendors-file", "path",
+     "The same IDs read from a file, one or more a line; \"#\" starts a comment."},
 };
 
 std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings) {

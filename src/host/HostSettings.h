@@ -5,17 +5,23 @@
 #include <string>
 #include <vector>
 
+#include "devices/DriveChoice.h"
+
 namespace orlo::host {
 
 // The host's own flags, which may stand anywhere on the command line:
 //   -output text|json|xml|csv   the format of the result (text when absent)
 //   -plugin-dir <path>          the folder whose libraries are loaded as plug-ins
 //   -log-file <path>            switch logging on and append it to this file
+//   -maker-vendors <ids>        PCI vendor IDs whose drives are the maker's own
+//   -maker-vendors-file <path>  the same, read from a file
 struct HostSettings {
   std::filesystem::path pluginDirectory;
   std::string logFile;  // empty: nothing is logged
   std::string outputFormat = "text";
   bool outputGiven = false;
+  // Where drives are looked for; no vendor is the maker's unless a flag says so.
+  orlo::devices::DriveOptions drives;
 };
 
 // The flags and descriptions of the host, for the help.
@@ -27,8 +33,8 @@ struct HostFlag {
 extern const std::vector<HostFlag> hostFlags;
 
 // Moves the host's flags out of `words` into `settings`, leaving the command's own
-// words in their order. Gives the message for a flag without its value or an
-// output format that is not one of the four.
+// words in their order. Gives the message for a flag without its value, an output
+// format that is not one of the four, or a vendor list that does not read.
 std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings);
 
 }  // namespace orlo::host

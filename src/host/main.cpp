@@ -8,8 +8,10 @@
 
 #include "host/CommandChoice.h"
 #include "host/CommandRunner.h"
+#include "host/DriveSelection.h"
 #include "host/ExitCode.h"
 #include "host/HelpWriter.h"
+#include "host/HostCommands.h"
 #include "host/HostSettings.h"
 #include "host/InstallLayout.h"
 #include "host/PathGuard.h"
@@ -31,16 +33,26 @@ int refuse(const std::string& message) {
   return exitWith(ExitCode::refused);
 }
 
+int answer(const plugin::cli::ResultBase& result, const HostSettings& settings) {
+  std::cout << render(result, settings.outputFormat) << std::flush;
+  return exitWith(exitCodeFor(result));
+}
+
 // Everything a plug-in hands back is gone when this returns, before the plug-ins
 // are unloaded.
 int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettings& settings,
                    const InstallLayout& layout, const std::vector<std::string>& words) {
+  plugin::cli::CommandSpecs specs = hostCommandSpecs();
+  specs.insert(specs.end(), registry.commands.begin(), registry.commands.end());
   if (asksForHelp(words)) {
-    std::cout << writeHelp(registry.commands, words);
+    std::cout << writeHelp(specs, words);
     return exitWith(ExitCode::success);
   }
-  CommandChoice choice = chooseCommand(registry.commands, words);
+  CommandChoice choice = chooseCommand(specs, words);
   if (choice.spec == nullptr) return refuse(choice.error);
+  if (isHostCommand(*choice.spec)) {
+    return answer(*runHostCommand(*choice.spec, choice.command, settings.drives), settings);
+  }
   // "-output" is the host's; a command that declares it checks its value as well.
   if (settings.outputGiven && choice.spec->options.contains(plugin::cli::outputOption.name)) {
     auto output = std::make_shared<plugin::cli::ParsedArgument>();
@@ -50,16 +62,18 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
     choice.command.options.add(output);
   }
   if (auto unsafe = findUnsafePath(choice.command)) return refuse(*unsafe);
+  DriveSelection drive;
+  if (takesDrive(*choice.spec)) drive = selectDrive(choice.command, settings.drives);
+  if (drive.failure) return answer(*drive.failure, settings);
 
   putFirstOnPath(layout.providerDirectory());
-  const RunOutcome outcome = runCommand(registry, choice.spec, choice.command);
+  const RunOutcome outcome = runCommand(registry, choice.spec, choice.command, drive.device);
   if (outcome.result == nullptr) {
     std::cout.flush();
     std::cerr << "orlo: " << outcome.failure << std::endl;
     return exitWith(ExitCode::pluginFailed);
   }
-  std::cout << render(*outcome.result, settings.outputFormat) << std::flush;
-  return exitWith(exitCodeFor(*outcome.result));
+  return answer(*outcome.result, settings);
 }
 
 }  // namespace

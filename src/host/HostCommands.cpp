@@ -1,0 +1,89 @@
+#include "host/HostCommands.h"
+
+#include <algorithm>
+#include <string>
+
+#include "devices/DriveDiscovery.h"
+#include "devices/ImageCapture.h"
+#include "host/DriveList.h"
+#include "host/DriveSelection.h"
+#include "plugins/plugin.cliframework/ResultMakers.h"
+#include "plugins/plugin.cliframework/SharedParts.h"
+#include "plugins/plugin.cliframework/StatusResult.h"
+#include "plugins/plugin.cliframework/Vocabulary.h"
+#include "plugins/plugin.cliframework/XmlTreeResult.h"
+
+namespace orlo::host {
+
+namespace {
+
+using plugin::cli::CommandSpec;
+using plugin::cli::CommandSpecPart;
+
+enum HostCommandId : uint32_t { drivesId, captureId };
+
+const std::string captureVerb = "capture";
+const std::string imageOption = "-image";
+
+std::shared_ptr<CommandSpec> drivesSpec() {
+  auto spec = std::make_shared<CommandSpec>(
+      drivesId, "Drives", "List the drives that orlo finds, with what -ssd takes for each.",
+      plugin::cli::verbs::show);
+  // "-ssd" without a value: a drive named behind it makes the line another command's.
+  spec->targets.add(std::make_shared<CommandSpecPart>(plugin::cli::TargetCommandSpecPart(
+      plugin::cli::ssdTargetRequired.name, true, "", false,
+      "List the drives: index, path, protocol, model, serial number and firmware.", false, "")));
+  return spec;
+}
+
+std::shared_ptr<CommandSpec> captureSpec() {
+  auto spec = std::make_shared<CommandSpec>(
+      captureId, "Capture",
+      "Record a drive's Identify structures and log pages into a device image, which -ssd "
+      "then takes in place of the drive.",
+      captureVerb);
+  spec->targets.add(std::make_shared<CommandSpecPart>(plugin::cli::ssdTargetRequiredValue));
+  spec->addOption(plugin::cli::OptionCommandSpecPart(
+      imageOption, true, "directory", true,
+      "Directory of the device image; made if missing, its replies replaced.", false, ""));
+  return spec;
+}
+
+std::shared_ptr<plugin::cli::ResultBase> listDrives(const orlo::devices::DriveOptions& options) {
+  return std::make_shared<plugin::cli::XmlTreeResult>(
+      driveTree(orlo::devices::discoverDrives(options.sysRoot)));
+}
+
+std::shared_ptr<plugin::cli::ResultBase> capture(const plugin::cli::ParsedCommand& command,
+                                                 const orlo::devices::DriveOptions& options) {
+  const DriveSelection selection = selectDrive(command, options);
+  if (selection.failure) return selection.failure;
+  const std::string directory = command.options.find(imageOption)->value;
+  const orlo::core::Status captured = orlo::devices::captureImage(*selection.device, directory);
+  if (!orlo::core::succeeded(captured)) {
+    return plugin::cli::makeStatusResult(captured.message(),
+                                         plugin::cli::StatusResult::featureFailedType);
+  }
+  return plugin::cli::makeStatusResult("Captured the drive into " + directory + ".");
+}
+
+}  // namespace
+
+const plugin::cli::CommandSpecs& hostCommandSpecs() {
+  static const plugin::cli::CommandSpecs specs = {drivesSpec(), captureSpec()};
+  return specs;
+}
+
+bool isHostCommand(const CommandSpec& spec) {
+  const auto& specs = hostCommandSpecs();
+  return std::any_of(specs.begin(), specs.end(),
+                     [&](const auto& held) { return held.get() == &spec; });
+}
+
+std::shared_ptr<plugin::cli::ResultBase> runHostCommand(
+    const CommandSpec& spec, const plugin::cli::ParsedCommand& command,
+    const orlo::devices::DriveOptions& options) {
+  return spec.id == drivesId ? listDrives(options) : capture(command, options);
+}
+
+}  // namespace orlo::host

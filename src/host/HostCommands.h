@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include "devices/DriveChoice.h"
+#include "plugins/plugin.cliframework/CommandSpec.h"
+#include "plugins/plugin.cliframework/ParsedCommand.h"
+#include "plugins/plugin.cliframework/ResultBase.h"
+
+namespace orlo::host {
+
+// The commands that the host serves itself, because they concern the drives rather
+// than a feature of a plug-in:
+//   orlo show -ssd                     "Drives": the drives found, with their index
+//   orlo capture -ssd X -image DIR     "Capture": records a drive into a device image
+// They are read and helped like the plug-ins' commands, and come first: "show -ssd"
+// with a drive after it is not theirs.
+const plugin::cli::CommandSpecs& hostCommandSpecs();
+
+// Whether `spec` is one of hostCommandSpecs.
+bool isHostCommand(const plugin::cli::CommandSpec& spec);
+
+// Runs a host command on the parsed command line.
+std::shared_ptr<plugin::cli::ResultBase> runHostCommand(const plugin::cli::CommandSpec& spec,
+                                                        const plugin::cli::ParsedCommand& command,
+                                                        const orlo::devices::DriveOptions& options);
+
+}  // namespace orlo::host
