@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds orlo, installs it into build/stage and runs the main
-# job: one more file into a copy of the sample incident-report archive.
+# job: one more file into a copy of the sample incident-report archive. Then it shows
+# what a drive answers, from a bundled device image: its Identify Controller structure.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
@@ -13,3 +14,5 @@ cp samples/incident-report.zip build/sample/incident-report.zip
 build/stage/bin/orlo update -source samples/drive-notes.txt \
   -destination build/sample/incident-report.zip
 unzip -l build/sample/incident-report.zip
+
+build/stage/bin/orlo show -ssd tests/data/images/nvme-tamsel-t2 ControllerNamespaceStructure=1

@@ -8,6 +8,7 @@ packages=(
   libzip-dev zlib1g-dev zip unzip
   libgtest-dev libgmock-dev googletest
   libclang-rt-14-dev libbenchmark-dev
+  python3
 )
 
 missing=()

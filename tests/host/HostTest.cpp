@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <iterator>
 #include <string>
 #include <vector>
 
 #include "support/ScratchDirectory.h"
+#include "support/ShellRun.h"
 #include "support/ZipArchive.h"
 
 namespace {
@@ -17,17 +16,7 @@ using orlo::testing::readFile;
 using orlo::testing::writeFile;
 using Words = std::vector<std::string>;
 
-struct Invocation {
-  int exitCode;
-  std::string out;
-  std::string err;
-};
-
-std::string quoted(const std::string& word) {
-  std::string result = "'";
-  for (const char c : word) result += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return result + "'";
-}
+using orlo::testing::Invocation;
 
 long countFiles(const std::filesystem::path& folder) {
   return std::distance(std::filesystem::directory_iterator(folder),
@@ -43,13 +32,9 @@ class InstalledOrlo : public ::testing::Test {
     writeFile(source, "new note");
   }
 
-  Invocation orlo(const Words& words) const {
-    std::string command = quoted(std::string(ORLO_STAGE_DIR) + "/bin/orlo");
-    for (const auto& word : words) command += " " + quoted(word);
-    command += " >" + quoted(outputs / "out") + " 2>" + quoted(outputs / "err");
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(outputs / "out"),
-            readFile(outputs / "err")};
+  Invocation orlo(Words words) const {
+    words.insert(words.begin(), std::string(ORLO_STAGE_DIR) + "/bin/orlo");
+    return orlo::testing::runThroughShell(words, outputs);
   }
 
   orlo::testing::ScratchDirectory scratch;
