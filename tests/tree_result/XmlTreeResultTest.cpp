@@ -14,13 +14,14 @@ using orlo::core::xml::XmlObject;
 using plugin::cli::XmlTreeResult;
 
 // A root with a property, an object whose value holds a control byte, a comma,
-// quotation marks and "<", with an empty property below it, and a status object.
+// quotation marks, "<" and a byte that is not UTF-8, with an empty property below it,
+// and a status object.
 XmlTreeResult sampleResult() {
   auto root = std::make_unique<XmlObject>();
   root->attribute("name") = "Identify Controller";
   root->attribute("key") = "Identify Controller";
   root->addProperty("Bit 3", "Feature", "1");
-  auto serial = std::make_unique<XmlObject>("", "Serial Number", "SN\x01,\"<7\"");
+  auto serial = std::make_unique<XmlObject>("", "Serial Number", "SN\x01,\"<7\"\xff");
   serial->addProperty("Bit 0", "", "");
   root->addObject("Byte 4-23", std::move(serial));
   root->objects().push_back(orlo::core::Status(10, 33, "Failed").toXml());
@@ -33,7 +34,7 @@ TEST(XmlTreeResult, RendersEveryElementWithTheSameFieldsInEachFormat) {
   EXPECT_EQ(result.toText(0),
             "Identify Controller\n"
             "  Feature [Bit 3]: 1\n"
-            "  Serial Number [Byte 4-23]: SN\\x01,\"<7\"\n"
+            "  Serial Number [Byte 4-23]: SN\\x01,\"<7\"\\xFF\n"
             "    Bit 0:\n"
             "  (category: status)\n"
             "    Category: 10\n"
@@ -43,7 +44,7 @@ TEST(XmlTreeResult, RendersEveryElementWithTheSameFieldsInEachFormat) {
             "Level,Name,Description,Value,Other\n"
             "0,Identify Controller,,,\n"
             "1,Bit 3,Feature,1,\n"
-            "1,Byte 4-23,Serial Number,\"SN\\x01,\"\"<7\"\"\",\n"
+            "1,Byte 4-23,Serial Number,\"SN\\x01,\"\"<7\"\"\\xFF\",\n"
             "2,Bit 0,,,\n"
             "1,,,,category=status\n"
             "2,Category,,10,\n"
@@ -65,7 +66,7 @@ TEST(XmlTreeResult, RendersEveryElementWithTheSameFieldsInEachFormat) {
             "    {\n      \"description\": \"Feature\",\n      \"name\": \"Bit 3\",\n"
             "      \"value\": \"1\"\n    },\n"
             "    {\n      \"description\": \"Serial Number\",\n      \"name\": \"Byte 4-23\",\n"
-            "      \"value\": \"SN\\u0001,\\\"<7\\\"\",\n"
+            "      \"value\": \"SN\\u0001,\\\"<7\\\"\\u00ff\",\n"
             "      \"children\": [\n"
             "        {\n          \"description\": \"\",\n          \"name\": \"Bit 0\",\n"
             "          \"value\": \"\"\n        }\n"
@@ -79,7 +80,7 @@ TEST(XmlTreeResult, RendersEveryElementWithTheSameFieldsInEachFormat) {
             "<Object key=\"Identify Controller\" name=\"Identify Controller\">\n"
             "  <Property description=\"Feature\" name=\"Bit 3\" value=\"1\"/>\n"
             "  <Object description=\"Serial Number\" name=\"Byte 4-23\" "
-            "value=\"SN\\x01,&quot;&amp;lt;7&quot;\">\n"
+            "value=\"SN\\x01,&quot;&amp;lt;7&quot;\\xFF\">\n"
             "    <Property description=\"\" name=\"Bit 0\" value=\"\"/>\n"
             "  </Object>\n"
             "  <Object category=\"status\">\n"

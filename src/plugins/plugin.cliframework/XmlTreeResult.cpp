@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "plugins/plugin.cliframework/JsonStringLiteral.h"
+#include "plugins/plugin.cliframework/Utf8Sequence.h"
 
 namespace plugin::cli {
 
@@ -18,20 +19,23 @@ const std::string descriptionKey = "description";
 const std::string valueKey = "value";
 const std::string childrenKey = "children";
 
-// Device texts may hold control bytes. Text, CSV and XML show them as \xNN, so
-// that every element keeps to its own line and the XML stays well-formed (XML 1.0
-// has no form for most of them).
+// Device texts may hold control bytes and bytes that are not UTF-8. Text, CSV and
+// XML show them as \xNN, so that every element keeps to its own line and the XML
+// stays well-formed (XML 1.0 has no form for most control characters).
 std::string visible(const std::string& text) {
   std::string shown;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && byte != 0x7F) {
-      shown += c;
-      continue;
+  for (std::size_t at = 0; at < text.size();) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const std::size_t length = utf8SequenceLength(text, at);
+    if (length == 0 || (length == 1 && (byte < 0x20 || byte == 0x7F))) {
+      char code[5];
+      std::snprintf(code, sizeof code, "\\x%02X", byte);
+      shown += code;
+      ++at;
+    } else {
+      shown += text.substr(at, length);
+      at += length;
     }
-    char code[5];
-    std::snprintf(code, sizeof code, "\\x%02X", byte);
-    shown += code;
   }
   return shown;
 }
