@@ -7,6 +7,8 @@
 
 #include "orlo/core/LoggerSetup.h"
 #include "plugins/device_features/IdentifyPlugin.h"
+#include "plugins/device_features/LogFilePlugin.h"
+#include "plugins/device_features/LogPagePlugin.h"
 #include "plugins/plugin.cliframework/PluginRegistry.h"
 
 namespace plugin::cli {
@@ -18,8 +20,12 @@ bool register_features(PluginRegistry& registry) {
   // They live until the library is unloaded; a failed construction is tried again
   // next call.
   static IdentifyPlugin identify;
+  static LogPagePlugin logPage;
+  static LogFilePlugin logFile;
 
-  for (FeatureBase* plugin : {static_cast<FeatureBase*>(&identify)}) {
+  for (FeatureBase* plugin :
+       {static_cast<FeatureBase*>(&identify), static_cast<FeatureBase*>(&logPage),
+        static_cast<FeatureBase*>(&logFile)}) {
     registry.plugins.push_back(plugin);
     for (const auto& spec : plugin->getCommandSpecs()) {
       const bool known = std::any_of(registry.commands.begin(), registry.commands.end(),

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "orlo/core/AttributeCollection.h"
+#include "orlo/core/Status.h"
+#include "plugins/device_features/TreeFeature.h"
+
+namespace plugin::cli {
+
+// "LogPage": one NVMe log page, read and decoded by the class that the toolkit's
+// log factory table holds for LogName.
+class LogPageFeature : public TreeFeature {
+ public:
+  orlo::core::Status run() override;
+  // LogName.
+  orlo::core::AttributeCollection requiredAttributes() override;
+  orlo::core::AttributeCollection optionalAttributes() override;
+};
+
+}  // namespace plugin::cli

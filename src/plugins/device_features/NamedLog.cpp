@@ -1,0 +1,26 @@
+#include "plugins/device_features/NamedLog.h"
+
+#include <string>
+
+#include "orlo/core/PropertyDescriptors.h"
+#include "orlo/features/nvme_get_log/LogFactories.h"
+
+namespace plugin::cli {
+
+namespace nvme_get_log = orlo::features::nvme_get_log;
+
+orlo::core::Status makeNamedLog(const orlo::core::AttributeCollection& attributes,
+                                const std::shared_ptr<orlo::core::Device>& device,
+                                std::unique_ptr<nvme_get_log::NVMeGetLog>& log) {
+  const std::string name = readString(attributes, orlo::core::properties::logName());
+  log = nvme_get_log::makeLog(name, device, attributes);
+  if (log != nullptr) return orlo::core::Status::success();
+  std::string known;
+  for (const auto& entry : nvme_get_log::logFactories()) {
+    known += (known.empty() ? "" : ", ") + entry.first;
+  }
+  return orlo::core::Status(36, "The toolkit reads no log page named \"" + name +
+                                    "\". LogName takes one of " + known + ", in any case.");
+}
+
+}  // namespace plugin::cli
