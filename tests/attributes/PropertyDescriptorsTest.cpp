@@ -1,64 +1,59 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/NamespaceProperty.h"
 #include "orlo/features/nvme_get_log/UUIDIndexProperty.h"
+#include "support/ScratchDirectory.h"
 
 namespace orlo::core {
 namespace {
 
+// The data file holds one row per maker, in this order: name | display name | type.
 TEST(PropertyDescriptors, EveryMakerSpellsItsRow) {
-  struct Row {
-    Attribute (*maker)();
-    std::string name, displayName, type;
-  };
   namespace p = properties;
-  // clang-format off
-  const Row rows[] = {
-      {p::csmi, "CSMI", "CSMI", "boolean"},
-      {p::firmware, "Firmware", "Firmware", "string"},
-      {p::isCommandPathNVMeMSFT, "IsCommandPathNVMeMSFT", "Is Command Path NVMe MSFT", "boolean"},
-      {p::modelNumber, "ModelNumber", "Model Number", "string"},
-      {p::namespaceId, "NamespaceId", "NamespaceId", "uint32"},
-      {p::namespaceManagementSupported, "NamespaceManagementSupported", "Namespace Management Supported", "boolean"},
-      {p::nvme1Point1OrGreater, "NVMe1Point1OrGreater", "NVMe 1.1 or greater", "boolean"},
-      {p::nvme1Point2OrGreater, "NVMe1Point2OrGreater", "NVMe 1.2 or greater", "boolean"},
-      {p::nvme1Point3OrGreater, "NVMe1Point3OrGreater", "NVMe 1.3 or greater", "boolean"},
-      {p::nvme1Point4OrGreater, "NVMe1Point4OrGreater", "NVMe 1.4 or greater", "boolean"},
-      {p::nvme2Point0OrGreater, "NVMe2Point0OrGreater", "NVMe 2.0 or greater", "boolean"},
-      {p::ocpSupported, "OCPSupported", "OCP Supported", "boolean"},
-      {p::oem, "OEM", "OEM", "string"},
-      {p::product, "Product", "Product", "string"},
-      {p::serialNumber, "SerialNumber", "Serial Number", "string"},
-      {p::veldra, "Veldra", "Veldra", "boolean"},
-      {p::veldraNVMe, "VeldraNVMe", "Veldra NVMe", "boolean"},
-      {p::supportCommandEffectsLogEnhancements, "SupportCommandEffectsLogEnhancements", "Support Command Effects Log Enhancements", "boolean"},
-      {p::uuidSupported, "UUIDSupported", "UUID Supported", "boolean"},
-      {p::logName, "LogName", "Log Name", "string"},
-      {p::logDescription, "LogDescription", "Log Description", "string"},
-      {p::logId, "LogId", "Log Id", "uint32"},
-      {p::logSpecificField, "LogSpecificField", "Log Specific Field", "uint8"},
-      {p::logSpecificId, "LogSpecificId", "Log Specific Identifier (LSI)", "uint16"},
-      {p::namespaceSpecific, "NamespaceSpecific", "Namespace Specific", "boolean"},
-      {p::numDWORDs, "NumDWORDs", "NumDWORDs", "uint32"},
-      {p::logPageOffset, "LogPageOffset", "Log Page Offset", "uint64"},
-      {p::controllerNamespaceStructure, "ControllerNamespaceStructure", "Controller Namespace Structure", "uint8"},
-      {p::file, "File", "File", "string"},
-      {p::uuidIndex, "UUIDIndex", "UUID Index for NVMe command", "uint8"},
-      {features::namespaceProperty, "NamespaceId", "NamespaceId", "uint32"},
-      {features::nvme_get_log::uuidIndexProperty, "UUIDIndex", "UUID Index for NVMe command", "uint8"},
-  };
-  // clang-format on
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    const Attribute descriptor = row.maker();
-    EXPECT_EQ(descriptor.name, row.name);
-    EXPECT_EQ(descriptor.displayName, row.displayName);
-    EXPECT_EQ(descriptor.type, row.type);
-    EXPECT_TRUE(descriptor.description.empty() && descriptor.value.size() == 0);
+  const std::vector<Attribute (*)()> makers = {p::csmi,
+                                               p::firmware,
+                                               p::isCommandPathNVMeMSFT,
+                                               p::modelNumber,
+                                               p::namespaceId,
+                                               p::namespaceManagementSupported,
+                                               p::nvme1Point1OrGreater,
+                                               p::nvme1Point2OrGreater,
+                                               p::nvme1Point3OrGreater,
+                                               p::nvme1Point4OrGreater,
+                                               p::nvme2Point0OrGreater,
+                                               p::ocpSupported,
+                                               p::oem,
+                                               p::product,
+                                               p::serialNumber,
+                                               p::veldra,
+                                               p::veldraNVMe,
+                                               p::supportCommandEffectsLogEnhancements,
+                                               p::uuidSupported,
+                                               p::logName,
+                                               p::logDescription,
+                                               p::logId,
+                                               p::logSpecificField,
+                                               p::logSpecificId,
+                                               p::namespaceSpecific,
+                                               p::numDWORDs,
+                                               p::logPageOffset,
+                                               p::controllerNamespaceStructure,
+                                               p::file,
+                                               p::uuidIndex,
+                                               features::namespaceProperty,
+                                               features::nvme_get_log::uuidIndexProperty};
+  std::string rows;
+  for (const auto maker : makers) {
+    const Attribute descriptor = maker();
+    rows += descriptor.name + " | " + descriptor.displayName + " | " + descriptor.type + "\n";
+    EXPECT_TRUE(descriptor.description.empty() && descriptor.value.size() == 0) << descriptor.name;
   }
+  EXPECT_EQ(rows,
+            orlo::testing::readFile(ORLO_TEST_DATA_DIR "/attributes/property_descriptors.txt"));
 }
 
 }  // namespace

@@ -3,24 +3,18 @@
 #include <cstdio>
 #include <fstream>
 #include <regex>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 
 #include "orlo/core/LoggerSetup.h"
 #include "orlo/core/Logging.h"
 #include "orlo/core/ScopeTrace.h"
+#include "support/ScratchDirectory.h"
 
 namespace logging = orlo::core::logging;
+using orlo::testing::readFile;
 
 namespace {
-
-std::string readFile(const std::string& path) {
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 std::string logPath(const std::string& name) {
   const std::string path = testing::TempDir() + "orlo_core_" + name + ".log";
@@ -56,22 +50,9 @@ TEST(Logging, ComposesNothingBeforeSetUpOrWhenDisabled) {
       testing::ExitedWithCode(0), "^$");
 }
 
-TEST(Logging, SwitchingOffStopsRecordsToAnOpenFile) {
-  const std::string path = logPath("disabled");
-  logging::initializeLogger(true, path);
-  logging::initializeLogger(false, path);
-  ORLO_LOG(error, composed());
-  EXPECT_EQ(gComposed, 0);
-  EXPECT_EQ(readFile(path), "");
-
-  logging::initializeLogger(true, "");
-  EXPECT_FALSE(logging::isLogFileOpen());
-}
-
 TEST(Logging, RecordsHaveTheLineFormatAndTraceBothEnds) {
   const std::string path = logPath("format");
   logging::initializeLogger(true, path);
-  EXPECT_TRUE(logging::isLogFileOpen());
   ORLO_LOG(warning, "value " << 42);
   EXPECT_THROW(tracedThrow(), std::runtime_error);
 
@@ -84,7 +65,7 @@ TEST(Logging, RecordsHaveTheLineFormatAndTraceBothEnds) {
   EXPECT_EQ(logging::reduceFunctionName("orlo::core::createBuffer"), "createBuffer");
 }
 
-TEST(Logging, FilesAreAppendedToAndSwitchedOnReinitialisation) {
+TEST(Logging, FilesAreAppendedToSwitchedAndLeftAloneWhenDisabled) {
   const std::string first = logPath("first");
   const std::string second = logPath("second");
   std::ofstream(first) << "kept\n";
@@ -94,11 +75,13 @@ TEST(Logging, FilesAreAppendedToAndSwitchedOnReinitialisation) {
   ORLO_LOG(info, "two");
   logging::initializeLogger(true, first);
   ORLO_LOG(info, "three");
+  logging::initializeLogger(false, first);
+  ORLO_LOG(error, composed());
+  EXPECT_EQ(gComposed, 0);
 
   const std::string firstText = readFile(first);
-  EXPECT_EQ(firstText.rfind("kept\n", 0), 0u) << firstText;
-  EXPECT_NE(firstText.find("TestBody: one\n"), std::string::npos);
-  EXPECT_NE(firstText.find("TestBody: three\n"), std::string::npos);
-  EXPECT_EQ(firstText.find("two"), std::string::npos);
-  EXPECT_NE(readFile(second).find("TestBody: two\n"), std::string::npos);
+  EXPECT_TRUE(
+      std::regex_match(firstText, std::regex("kept\n.* TestBody: one\n.* TestBody: three\n")))
+      << firstText;
+  EXPECT_TRUE(std::regex_match(readFile(second), std::regex(".* TestBody: two\n")));
 }

@@ -26,8 +26,6 @@ TEST(Strings, Recognisers) {
     EXPECT_EQ(isHex(row.text), row.hex) << row.text;
     EXPECT_EQ(isBoolean(row.text), row.boolean) << row.text;
   }
-  EXPECT_TRUE(isNonPrintable(31) && isNonPrintable(127));
-  EXPECT_FALSE(isNonPrintable(' ') || isNonPrintable('~'));
 }
 
 TEST(Strings, NumberParsers) {
@@ -38,7 +36,6 @@ TEST(Strings, NumberParsers) {
   // clang-format on
   for (const auto& [text, value] : rows) EXPECT_EQ(toInteger(text), value) << text;
   EXPECT_EQ(hexToInt("0xff"), 255u);
-  EXPECT_EQ(hexToInt("zz"), UINT64_MAX);
   EXPECT_EQ(hexToInt("0x1Z"), UINT64_MAX);
 }
 
@@ -47,23 +44,15 @@ TEST(Strings, TextOperations) {
   EXPECT_FALSE(contains("Hello World", "WORLD", false));
   EXPECT_TRUE(contains("Hello", std::string("l\0z", 3), false));
   EXPECT_TRUE(endsWith("archive.ZIP", ".zip", true));
-  EXPECT_FALSE(endsWith("archive.ZIP", ".zip", false));
   EXPECT_FALSE(endsWith("zip", "a.zip", true));
 
   std::string text = "a&b&&c";
   replaceAll(text, "&", "&amp;");
   EXPECT_EQ(text, "a&amp;b&amp;&amp;c");
-  EXPECT_EQ(toUpper("aBc1"), "ABC1");
-
   EXPECT_EQ(sanitize("\t a b \n"), "a b");
-  EXPECT_EQ(sanitize("   "), "");
-  EXPECT_EQ(sanitize("x\x7f\xffy"), "xy");
-
-  using Pieces = std::vector<std::string>;
-  EXPECT_EQ(split("a~~b", "~"), (Pieces{"a", "", "b"}));
-  EXPECT_EQ(split("a~", "~"), (Pieces{"a", ""}));
-  EXPECT_EQ(split("a,b;c", ",;"), (Pieces{"a", "b", "c"}));
-  EXPECT_TRUE(iequals("NamespaceId", "namespaceid"));
+  EXPECT_EQ(sanitize("x\x1f\x7f\xff~y"), "x~y");
+  EXPECT_EQ(split("a~~b~", "~"), (std::vector<std::string>{"a", "", "b", ""}));
+  EXPECT_EQ(split("a,b;c", ",;"), (std::vector<std::string>{"a", "b", "c"}));
 }
 
 TEST(Strings, Printers) {
@@ -74,25 +63,19 @@ TEST(Strings, Printers) {
   EXPECT_EQ(toHex(uint32_t{0xABCDE}, 2), "ABCDE");
   EXPECT_EQ(toHex(int32_t{-1}, 2), "FFFFFFFFFFFFFFFF");
 
-  const uint8_t deadBeef[] = {0xDE, 0xAD, 0x0B, 0xEF};
-  EXPECT_EQ(toHexString(deadBeef, 2), "DEAD");
-  EXPECT_EQ(toHexString(orlo::core::Payload(deadBeef, 4)), "DEAD0BEF");
-  const uint8_t word[] = {0x01, 0x02};
-  EXPECT_EQ(toHexNumber(word, 2, true), "0x0201");
+  const uint8_t bytes[] = {0xDE, 0xAD, 0x0B, 0xEF};
+  EXPECT_EQ(toHexString(orlo::core::Payload(bytes, 4)), "DEAD0BEF");
+  EXPECT_EQ(toHexNumber(bytes, 2, true), "0xADDE");
   const uint8_t zeros[16] = {};
   EXPECT_EQ(toHexNumber(zeros, 4, true), "0x00000000");
   EXPECT_EQ(toHexNumber(zeros, 16, true), "0x0");
-
-  EXPECT_EQ(fromBytes(nullptr, 4), "");
   EXPECT_EQ(fromBytes("ab\0cd", 5), "ab");
   EXPECT_EQ(fromBytes("abcd", 3), "abc");
 }
 
 TEST(Strings, HexDumpLeavesTheLastLineUnpadded) {
-  uint8_t bytes[17];
-  for (uint8_t i = 0; i < 17; ++i) bytes[i] = 'A' + i;
-  bytes[1] = ' ';
-  EXPECT_EQ(hexDump(bytes, 17, 16),
+  const std::string text = "A CDEFGHIJKLMNOPQ";
+  EXPECT_EQ(hexDump(text.data(), 17, 16),
             "0000: 41 20 43 44 45 46 47 48  49 4A 4B 4C 4D 4E 4F 50  A.CDEFGHIJKLMNOP\n"
             "0010: 51  Q");
 }

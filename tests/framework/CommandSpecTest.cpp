@@ -11,14 +11,11 @@ TEST(CommandSpecPartList, LaterPartOfTheSameNameReplacesInPlace) {
   CommandSpec spec(0, "Cmd", "d", "show");
   spec.addOption(helpOption);
   spec.addOption(outputOption);
-  EXPECT_EQ(spec.options.find("-x"), nullptr);
-  EXPECT_EQ(CommandSpecPartList().find("-help"), nullptr);
-
   spec.addOption(CommandSpecPart("-HELP", true, "", false, "other", false, ""));
   ASSERT_EQ(spec.options.elements.size(), 2u);
   EXPECT_EQ(spec.options.elements[0]->description, "other");
   EXPECT_EQ(spec.findOption("-Output")->valueName, "text|json");
-  EXPECT_TRUE(spec.options.contains("-help"));
+  EXPECT_EQ(spec.options.find("-x"), nullptr);
 }
 
 TEST(CommandSpec, KeepsOnlyTheKindOfADerivedPart) {
@@ -30,11 +27,7 @@ TEST(CommandSpec, KeepsOnlyTheKindOfADerivedPart) {
   EXPECT_EQ(typeid(option), typeid(CommandSpecPart));
   EXPECT_EQ(option.partType.kind, 3u);
   EXPECT_EQ(property.partType.kind, 5u);
-  EXPECT_TRUE(property.commonOption);
-  EXPECT_FALSE(property.valueRequired);
-  EXPECT_EQ(ssdTargetValue.partType.kind, 4u);
-  EXPECT_EQ(namespacePart.partType.kind, 0u);
-  EXPECT_EQ(outputOption.description, "Change the output format. One of \"text\", or \"json\".");
+  EXPECT_TRUE(property.commonOption && !property.valueRequired);
 }
 
 TEST(CommandSpec, FindsTheFirstSpecificationWithAnId) {

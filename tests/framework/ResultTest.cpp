@@ -3,29 +3,26 @@
 #include "plugins/plugin.cliframework/ResultMakers.h"
 #include "plugins/plugin.cliframework/SimpleNumericResult.h"
 #include "plugins/plugin.cliframework/SimpleResult.h"
+#include "support/ScratchDirectory.h"
 
 using namespace plugin::cli;
 
-TEST(StatusResult, RendersASuccessInEachFormat) {
-  const auto result = makeStatusResult("Completed successfully.");
-  EXPECT_EQ(result->toText(0), "Result: Completed successfully.\n");
-  EXPECT_EQ(result->toCsv(), "Result\nDescription,Completed successfully.\nType,0\n");
-  EXPECT_EQ(result->toJson(0),
-            "\"Result\": {\n  \"Description\": \"Completed successfully.\",\n  \"Type\": 0\n}");
-  EXPECT_EQ(result->toXml(0),
-            "<?xml version=\"1.0\" standalone=\"yes\" ?>\n<Result>\n"
-            "  <Description>Completed successfully.</Description>\n  <Type>0</Type>\n</Result>\n");
-  EXPECT_EQ(result->toText(1), "  Result: Completed successfully.\n");
-}
-
-TEST(StatusResult, RendersASyntaxFailureWithType201) {
-  const auto result = makeSyntaxStatusResult("Bad.");
-  EXPECT_EQ(result->toText(0), "Result: Bad.\n");
-  EXPECT_EQ(result->toCsv(), "Result\nDescription,Bad.\nType,201\n");
-  EXPECT_EQ(result->toJson(1),
-            "  \"Result\": {\n    \"Description\": \"Bad.\",\n    \"Type\": 201\n  }");
-  EXPECT_EQ(result->toXml(1),
-            "  <Result>\n    <Description>Bad.</Description>\n    <Type>201</Type>\n  </Result>\n");
+TEST(StatusResult, RendersInEachFormatAsTheDataFilesShow) {
+  const struct {
+    std::shared_ptr<ResultBase> result;
+    uint32_t level;
+    std::string file;
+  } cases[] = {{makeStatusResult("Completed successfully."), 0, "success"},
+               {makeSyntaxStatusResult("Bad."), 1, "syntax_failure_level1"}};
+  for (const auto& c : cases) {
+    const auto expected = [&c](const std::string& format) {
+      return orlo::testing::readFile(ORLO_TEST_DATA_DIR "/framework/" + c.file + format);
+    };
+    EXPECT_EQ(c.result->toText(c.level), expected(".txt"));
+    EXPECT_EQ(c.result->toCsv(), expected(".csv"));
+    EXPECT_EQ(c.result->toJson(c.level), expected(".json"));
+    EXPECT_EQ(c.result->toXml(c.level), expected(".xml"));
+  }
   EXPECT_EQ(makeStatusResult("Gone.", 2)->toCsv(), "Result\nDescription,Gone.\nType,2\n");
 }
 
@@ -35,9 +32,6 @@ TEST(SimpleResult, CleansTheTagAndTreatsLineFeedsPerFormat) {
   EXPECT_EQ(result.toCsv(), "Some Name: a/b,x<& y, z\n");
   EXPECT_EQ(result.toText(0), "Some Name: a/b: x<&\ny, z\n");
   EXPECT_EQ(result.toJson(0), "\"Some Name: a/b\": \"x<&\\\ny, z\"");
-}
-
-TEST(SimpleNumericResult, WritesAnUnquotedNumberInJsonOnly) {
   const SimpleNumericResult hex("Size", "0x10");
   EXPECT_EQ(hex.toJson(1), "  \"Size\": 16");
   EXPECT_EQ(hex.toText(0), "Size: 0x10\n");

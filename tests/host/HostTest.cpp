@@ -130,9 +130,6 @@ TEST_F(InstalledOrlo, HelpListsTheCommandItsOptionsAndTheirDescriptions) {
     EXPECT_EQ(run.exitCode, 0);
     for (const auto& text : expected) EXPECT_NE(run.out.find(text), std::string::npos) << text;
   }
-}
-
-TEST_F(InstalledOrlo, TheLogFileFlagOpensTheLog) {
   EXPECT_EQ(orlo({"help", "-log-file", outputs / "orlo.log"}).exitCode, 0);
   EXPECT_TRUE(std::filesystem::exists(outputs / "orlo.log"));
 }

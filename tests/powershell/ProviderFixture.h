@@ -12,10 +12,16 @@
 #include <iterator>
 #include <map>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/ScratchDirectory.h"
+#include "support/ZipArchive.h"
+
 namespace fs = std::filesystem;
+using orlo::testing::readFile;
+using orlo::testing::writeZip;
 
 struct ProviderRun {
   int status = -1;
@@ -29,11 +35,6 @@ struct ArchivedEntry {
   zip_uint16_t method = 0;
   time_t modified = 0;
 };
-
-inline std::string readBytes(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 inline void writeBytes(const fs::path& path, const std::string& data) {
   fs::create_directories(path.parent_path());
@@ -83,20 +84,6 @@ inline std::set<std::string> namesIn(const std::map<std::string, ArchivedEntry>&
   return names;
 }
 
-// Writes an archive with libzip: name -> contents, deflated at level 9.
-inline void makeArchive(const fs::path& path, const std::map<std::string, std::string>& contents) {
-  int error = 0;
-  zip_t* archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
-  ASSERT_NE(archive, nullptr);
-  for (const auto& [name, data] : contents) {
-    zip_source_t* source = zip_source_buffer(archive, data.data(), data.size(), 0);
-    const zip_int64_t index = zip_file_add(archive, name.c_str(), source, 0);
-    ASSERT_GE(index, 0) << zip_strerror(archive);
-    zip_set_file_compression(archive, index, ZIP_CM_DEFLATE, 9);
-  }
-  ASSERT_EQ(zip_close(archive), 0);
-}
-
 inline pid_t startProvider(const std::vector<std::string>& words, const fs::path& folder, int out,
                            int err) {
   const pid_t child = fork();
@@ -114,13 +101,6 @@ inline pid_t startProvider(const std::vector<std::string>& words, const fs::path
 // A fresh folder per test, in which the provider runs.
 class ProviderTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "orlo-powershell-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    dir = name;
-  }
-  void TearDown() override { fs::remove_all(dir); }
-
   ProviderRun run(const std::vector<std::string>& words) {
     std::FILE* out = std::tmpfile();
     std::FILE* err = std::tmpfile();
@@ -149,5 +129,6 @@ class ProviderTest : public ::testing::Test {
     return names;
   }
 
-  fs::path dir;
+  orlo::testing::ScratchDirectory scratch;
+  const fs::path dir = scratch.path();
 };

@@ -7,9 +7,16 @@
 
 namespace {
 
+// Text that zlib packs tighter at level 6 than at level 1.
+std::string varied() {
+  std::string text;
+  for (int line = 0; line < 4000; ++line)
+    text += "line " + std::to_string(line * 7919 % 1000) + "\n";
+  return text;
+}
+
 TEST_F(ProviderTest, ReplacesWithoutRegardToCaseAndCopiesTheRestAsItIs) {
-  const std::string text(20000, 'k');
-  makeArchive(dir / "x.zip", {{"README.TXT", "old"}, {"Dir/Keep.txt", text}});
+  writeZip(dir / "x.zip", {{"README.TXT", "old"}, {"Dir/Keep.txt", varied()}});
   const auto before = readArchive(dir / "x.zip");
   writeBytes(dir / "readme.txt", "new");
   runQuietly(
@@ -18,26 +25,20 @@ TEST_F(ProviderTest, ReplacesWithoutRegardToCaseAndCopiesTheRestAsItIs) {
   const auto after = readArchive(dir / "x.zip");
   EXPECT_EQ(namesIn(after), (std::set<std::string>{"Dir/Keep.txt", "readme.txt"}));
   EXPECT_EQ(after.at("readme.txt").data, "new");
-  // Deflated at level 9 before: a recompression at level 1 would change these bytes.
+  // Deflated at level 6 before: a recompression at level 1 would change these bytes.
   EXPECT_EQ(after.at("Dir/Keep.txt").raw, before.at("Dir/Keep.txt").raw);
-  EXPECT_EQ(after.at("Dir/Keep.txt").data, text);
 }
 
 TEST_F(ProviderTest, CompressionLevelChoosesTheMethod) {
-  std::string text;
-  for (int line = 0; line < 4000; ++line)
-    text += "line " + std::to_string(line * 7919 % 1000) + "\n";
-  writeBytes(dir / "t.txt", text);
+  writeBytes(dir / "t.txt", varied());
   std::map<std::string, ArchivedEntry> entries;
-  for (const char* level : {"Optimal", "Fastest", "NoCompression"}) {
-    runQuietly(
-        {"Compress-Archive", "t.txt", std::string(level) + ".zip", "-CompressionLevel", level});
-    entries[level] = readArchive(dir / (std::string(level) + ".zip")).at("t.txt");
-    EXPECT_EQ(entries[level].data, text);
+  for (const std::string level : {"Optimal", "Fastest", "NoCompression"}) {
+    runQuietly({"Compress-Archive", "t.txt", level + ".zip", "-CompressionLevel", level});
+    entries[level] = readArchive(dir / (level + ".zip")).at("t.txt");
+    EXPECT_EQ(entries[level].data, varied());
   }
   EXPECT_EQ(entries["NoCompression"].method, ZIP_CM_STORE);
   EXPECT_EQ(entries["Fastest"].method, ZIP_CM_DEFLATE);
-  // Level 6 packs this text tighter than level 1.
   EXPECT_LT(entries["Optimal"].raw.size(), entries["Fastest"].raw.size());
 }
 
@@ -47,12 +48,8 @@ TEST_F(ProviderTest, StoresLocalTimeFrom1980On) {
   const std::string saved = zone != nullptr ? zone : "";
   setenv("TZ", "ORL-3", 1);
   tzset();
-  std::tm early{};
-  early.tm_year = 80;
-  early.tm_mday = 1;
-  early.tm_isdst = -1;
-  const std::time_t dosEpoch = std::mktime(&early);
-  const std::time_t recent = 1623758410;  // 2021-06-15 12:00:10 UTC
+  const std::time_t dosEpoch = 315532800 - 3 * 3600;  // 1980-01-01 00:00 in that zone
+  const std::time_t recent = 1623758410;              // 2021-06-15 12:00:10 UTC
   const std::vector<std::pair<std::time_t, std::time_t>> cases = {
       {recent, recent}, {recent + 1, recent}, {174600000, dosEpoch}, {-86400, dosEpoch}};
   for (const auto& [modified, stored] : cases) {
