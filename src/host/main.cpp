@@ -42,8 +42,8 @@ int answer(const plugin::cli::ResultBase& result, const HostSettings& settings) 
 // are unloaded.
 int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettings& settings,
                    const InstallLayout& layout, const std::vector<std::string>& words) {
-  plugin::cli::CommandSpecs specs = hostCommandSpecs();
-  specs.insert(specs.end(), registry.commands.begin(), registry.commands.end());
+  plugin::cli::CommandSpecs specs = registry.commands;
+  specs.insert(specs.end(), hostCommandSpecs().begin(), hostCommandSpecs().end());
   if (asksForHelp(words)) {
     std::cout << writeHelp(specs, words);
     return exitWith(ExitCode::success);

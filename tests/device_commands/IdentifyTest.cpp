@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include "InstalledOrlo.h"
@@ -62,21 +63,33 @@ TEST_F(IdentifyCommand, ShowsEveryDecodedStructureInFourFormats) {
 }
 
 TEST_F(IdentifyCommand, RefusesWhatTheDriveOrTheToolkitCannotAnswer) {
+  // A drive that answers CNS 4, which the toolkit does not decode.
+  const std::string answersCns4 = scratch / "answers-cns4";
+  std::filesystem::copy(nvmeImage, answersCns4);
+  std::filesystem::copy(nvmeImage + "/nvme-identify-cns01-nsid00000000.bin",
+                        answersCns4 + "/nvme-identify-cns04-nsid00000000.bin");
+  const std::string noReply =
+      "Result: NVMe command reported a problem: Invalid Field in Command (0x4002).\n";
   const struct {
+    std::string image;
     Words properties;
     std::string message;
   } cases[] = {
       // The image holds no reply for these, as a drive that does not know them.
-      {{"ControllerNamespaceStructure=4"},
-       "Result: NVMe command reported a problem: Invalid Field in Command (0x4002).\n"},
-      {{"ControllerNamespaceStructure=2", "NamespaceId=1"},
-       "Result: NVMe command reported a problem: Invalid Field in Command (0x4002).\n"},
-      {{"ControllerNamespaceStructure=300"},
+      {nvmeImage, {"ControllerNamespaceStructure=4"}, noReply},
+      {nvmeImage, {"ControllerNamespaceStructure=2", "NamespaceId=1"}, noReply},
+      {answersCns4,
+       {"ControllerNamespaceStructure=4"},
+       "Result: The toolkit has no decoder for Identify CNS 4.\n"},
+      {nvmeImage,
+       {"ControllerNamespaceStructure=300"},
        "Result: The value of ControllerNamespaceStructure is not a valid uint8 number.\n"},
-      {{"NamespaceId=x"}, "Result: The value of NamespaceId is not a valid uint32 number.\n"},
+      {nvmeImage,
+       {"NamespaceId=x"},
+       "Result: The value of NamespaceId is not a valid uint32 number.\n"},
   };
   for (const auto& c : cases) {
-    Words words = {"show", "-ssd", nvmeImage};
+    Words words = {"show", "-ssd", c.image};
     words.insert(words.end(), c.properties.begin(), c.properties.end());
     const Invocation run = orlo(words);
     EXPECT_EQ(run.exitCode, 1) << c.message;
