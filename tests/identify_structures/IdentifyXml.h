@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <fstream>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -40,6 +42,12 @@ inline std::string treeXml(const std::string& rootAttributes, const std::string&
   }
   for (; !open.empty(); open.pop_back()) xml += "</Object>";
   return xml + "</Object>";
+}
+
+// An outline kept in the test data folder of these structures.
+inline std::string outline(const std::string& name) {
+  std::ifstream in(std::string(ORLO_TEST_DATA_DIR) + "/identify_structures/" + name);
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 // The attributes of a root named `name`, as they are written.

@@ -33,27 +33,8 @@ TEST(NamespaceIdentification, DescriptorsWalkedByLength) {
                          {20, {0, 4, 2, 1, 0xAA, 0xBB, 0xCC, 0xDD, 3, 16}},
                          {48, {1, 8}}});
   const std::string root = named("Namespace Identification Descriptors");
-  EXPECT_EQ(xmlOf(nvme::namespaceIdentification::toXmlObject(reply)), treeXml(root, R"(
-O Namespace Identification Descriptor 0||
-  P Byte 0|Namespace Identifier Type|Namespace Globally Unique Identifier
-  P Byte 1|Namespace Identifier Length|16
-  P Byte 2-3|Reserved|0
-  P Byte 4-19|Namespace Identifier|0x0F0E0D0C0B0A09080706050403020100
-O Namespace Identification Descriptor 1||
-  P Byte 0|Namespace Identifier Type|Reserved
-  P Byte 1|Namespace Identifier Length|4
-  P Byte 2-3|Reserved|258
-  P Byte 4-7|Namespace Identifier|0xDDCCBBAA
-O Namespace Identification Descriptor 2||
-  P Byte 0|Namespace Identifier Type|Namespace UUID
-  P Byte 1|Namespace Identifier Length|16
-  P Byte 2-3|Reserved|0
-  P Byte 4-19|Namespace Identifier|0x0
-O Namespace Identification Descriptor 3||
-  P Byte 0|Namespace Identifier Type|IEEE Extended Unique Identifier
-  P Byte 1|Namespace Identifier Length|8
-  P Byte 2-3|Reserved|0
-  P Byte 4-11|Namespace Identifier|0x0000000000000000)"));
+  EXPECT_EQ(xmlOf(nvme::namespaceIdentification::toXmlObject(reply)),
+            treeXml(root, outline("namespace_identification.txt")));
   EXPECT_EQ(xmlOf(nvme::namespaceIdentification::toXmlObject(Payload(100))), treeXml(root, ""));
   // Sixteen descriptors of 256 bytes fill the reply exactly.
   EXPECT_EQ(nvme::namespaceIdentification::toXmlObject(filled(4096, 252))->objects().size(), 16u);
@@ -63,11 +44,7 @@ TEST(ControllerList, IdentifiersRunToAZeroWordNotToTheCount) {
   const auto xmlFor = [](std::vector<uint8_t> words) {
     return xmlOf(nvme::controllerList::toXmlObject(payloadWith(4096, {{0, words}})));
   };
-  EXPECT_EQ(xmlFor({1, 0, 0x10, 0, 0x20, 0, 2, 1}), treeXml("", R"(
-P Number of Controller Entries||1
-P Controller ID||16
-P Controller ID||32
-P Controller ID||258)"));
+  EXPECT_EQ(xmlFor({1, 0, 0x10, 0, 0x20, 0, 2, 1}), treeXml("", outline("controller_list.txt")));
   EXPECT_EQ(xmlFor({2, 0, 0, 0, 0, 0, 5}),
             treeXml("", "P Number of Controller Entries||2\nP Controller ID||0"));
   EXPECT_EQ(xmlFor({0, 0, 5}), treeXml("", "P Number of Controller Entries||0"));
@@ -83,16 +60,7 @@ TEST(UUIDList, EntriesUpToAZeroUuidAtMost127) {
                          {80, {0x01}},
                          {96, {0x02}}});
   EXPECT_EQ(xmlOf(nvme::UUIDList::toXmlObject(reply)),
-            treeXml(named("Universally Unique Identifier (UUID) List"), R"(
-O Byte 0-31|Reserved|0x000000000000000000000000000000000000000000000000000000000000007F
-N UUID List Entry 1
-  P Byte 0|Identifier Association|Reserved
-  P Byte 1-15|Reserved|0x0
-  P Byte 16-31|UUID|0x0F0E0D0C0B0A09080706050403020100
-N UUID List Entry 2
-  P Byte 0|Identifier Association|The UUID is associated with the vendor reported in the PCI Vendor ID field of the Identify Controller data structure
-  P Byte 1-15|Reserved|0xAB0000000000000000000000000000
-  P Byte 16-31|UUID|0x00000000000000000000000000000001)"));
+            treeXml(named("Universally Unique Identifier (UUID) List"), outline("uuid_list.txt")));
   EXPECT_EQ(xmlOf(nvme::UUIDList::toXmlObject(Payload(4095))), "<Object></Object>");
   // A buffer longer than the reply still yields no 128th entry.
   EXPECT_EQ(nvme::UUIDList::toXmlObject(filled(8192, 1))->objects().size(), 1u + 127u);
@@ -101,19 +69,8 @@ N UUID List Entry 2
 TEST(CommandSetVector, FlatPropertiesUpToAZeroVectorAtMost512) {
   const auto reply = payloadWith(
       4096, {{0, {0x01}}, {8, {0x06, 0, 0, 0, 0, 0, 0, 0x01}}, {21, {0x01}}, {32, {0x07}}});
-  EXPECT_EQ(xmlOf(nvme::commandSetVector::toXmlObject(reply)), treeXml("", R"(
-P Command Set Vector 0||0x01
-P Bit 0|NVM Command Set|1
-P Bit 1|Key Value Command Set|0
-P Bit 2|Zoned Namespace Command Set|0
-P Command Set Vector 1||0x06
-P Bit 0|NVM Command Set|0
-P Bit 1|Key Value Command Set|1
-P Bit 2|Zoned Namespace Command Set|1
-P Command Set Vector 2||0x00
-P Bit 0|NVM Command Set|0
-P Bit 1|Key Value Command Set|0
-P Bit 2|Zoned Namespace Command Set|0)"));
+  EXPECT_EQ(xmlOf(nvme::commandSetVector::toXmlObject(reply)),
+            treeXml("", outline("command_set_vector.txt")));
   EXPECT_EQ(xmlOf(nvme::commandSetVector::toXmlObject(Payload(4095))), "<Object></Object>");
   EXPECT_EQ(nvme::commandSetVector::toXmlObject(filled(8192, 1))->properties().size(), 2048u);
 }
