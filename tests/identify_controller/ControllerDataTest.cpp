@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <random>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,43 +21,31 @@ using orlo::core::Payload;
 
 namespace {
 
-void put(Payload& payload, uint32_t offset, const std::vector<uint8_t>& bytes) {
-  for (size_t i = 0; i < bytes.size(); ++i) payload[offset + i] = bytes[i];
+void putText(Payload& payload, uint32_t offset, const std::string& text) {
+  for (size_t i = 0; i < text.size(); ++i) payload[offset + i] = static_cast<uint8_t>(text[i]);
 }
 
-void putText(Payload& payload, uint32_t offset, const std::string& text) {
-  put(payload, offset, std::vector<uint8_t>(text.begin(), text.end()));
+// Writes the runs of a file of lines "offset bytes-in-hex" or 'offset "text"' into a reply.
+void overlay(Payload& reply, const std::string& name) {
+  std::ifstream in(std::string(ORLO_TEST_DATA_DIR) + "/identify_controller/" + name);
+  for (std::string line; std::getline(in, line);) {
+    std::istringstream fields(line);
+    uint32_t offset = 0;
+    fields >> offset >> std::ws;
+    if (std::string text; fields.peek() == '"' && std::getline(fields.ignore(), text, '"')) {
+      putText(reply, offset, text);
+      continue;
+    }
+    for (unsigned byte = 0; fields >> std::hex >> byte;)
+      reply[offset++] = static_cast<uint8_t>(byte);
+  }
 }
 
 // A made-up drive whose values tell a wrong reading apart: the expected trees under
 // data/identify_controller were worked out by hand from these bytes.
 Payload craftedReply() {
   Payload reply(4096);
-  put(reply, 0, {0xCD, 0xAB, 0x12, 0x00});
-  putText(reply, 4, "  SN-0042");
-  putText(reply, 24, "Test Model 7    ");
-  putText(reply, 64, "FW1.0   ");
-  put(reply, 72, {0x05, 0x11, 0x22, 0x33, 0x0B, 0x20, 0x07, 0x01, 0x02, 0x04, 0x01, 0x00});
-  put(reply, 84, {0xA0, 0x86, 0x01, 0x00, 0x40, 0x42, 0x0F, 0x00, 0x00, 0x69, 0x00, 0x88});
-  put(reply, 96, {0x83, 0x02, 0x00, 0x00, 0x01, 0x80});
-  put(reply, 111, {0x01, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B,
-                   0x0C, 0x0D, 0x0E, 0x0F, 0x10, 10,   0,    20,   0,    30,   0});
-  put(reply, 253, {0x03, 0x85, 0x02, 0x5F, 0x02, 0x03, 0x07, 0x17, 0x5B, 0x3F, 0x01, 0x01, 0x01,
-                   0x57, 0x01, 0x63, 0x01, 0x00, 0x00, 0x00, 0x20, 0x00, 0x00, 0x00, 0x04});
-  put(reply, 284, {0x74});
-  put(reply, 288, {0x01});
-  put(reply, 312,
-      {0x29, 0x00, 0x02, 0x01, 0x1E, 0x00, 0x01, 0xFF, 0x64, 0x00, 0x01, 0x00, 0x11, 0x01,
-       0x75, 0x01, 0x05, 0x00, 0x00, 0xA0, 0x00, 0x10, 0x00, 0x00, 0x08, 0x00, 0x00, 0x00,
-       0x01, 0x00, 0x0A, 0xC7, 0x10, 0x00, 0x00, 0x00, 0x05, 0x00, 0x00, 0x00, 0x02});
-  put(reply, 512, {0x66, 0x44, 0x00, 0x01, 0x20, 0x00, 0x00, 0x00, 0xCD, 0x00,
-                   0x01, 0x00, 0x05, 0x07, 0xFF, 0x00, 0x00, 0x00, 0x01, 0x05});
-  put(reply, 536, {0x05, 0x00, 0x35, 0x00, 0x20});
-  putText(reply, 768, "nqn.2026-01.org.example:ctrl-7");
-  put(reply, 2048, {0xC4, 0x09, 0x00, 0x03, 0x05, 0x00, 0x00, 0x00, 0x0A, 0x00, 0x00, 0x00,
-                    0xE1, 0x22, 0x03, 0x44, 0x90, 0x01, 0x80, 0x00, 0x26, 0x02, 0x42});
-  put(reply, 2080, {0x00, 0x01});
-  put(reply, 2112, {0xEF, 0xBE});
+  overlay(reply, "crafted_reply.txt");
   return reply;
 }
 
@@ -193,17 +182,7 @@ TEST(ControllerData, VendorBlocksFollowProductAndOem) {
 
 TEST(ControllerData, VendorFieldsShowTheirBytes) {
   Payload reply = craftedReply();
-  put(reply, 3075, {5, ' ', ' ', 0x01, ' '});
-  put(reply, 3096, {3, 4, 0x81, 2});
-  putText(reply, 3100, "BL 1.2  ");
-  put(reply, 3108, {0x34, 0x12, 0xAB, 0x00, 0x00, 0x00, 0xEF, 0xBE});
-  putText(reply, 3116, "PN-77");
-  putText(reply, 3124, "Oem Model 9");
-  put(reply, 3840, {0x2D, 0x50, 0x00, 0x05, 0x46});
-  put(reply, 3904, {0x0C});
-  putText(reply, 3905, "BR2.0");
-  put(reply, 3913, {0x2E, 0x1F});
-  put(reply, 3936, {0x04, 0x08, 0x03, 0x02, 0x01, 0x10});
+  overlay(reply, "vendor_bytes.txt");
   const AttributeCollection attributes = drive(
       {properties::veldraNVMe()},
       {{properties::product(), products::ProductFamilyFourDP}, {properties::oem(), "Oracle"}});
