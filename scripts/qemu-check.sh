@@ -3,8 +3,9 @@
 # installed files with their shared libraries, busybox and the kernel's NVMe and
 # AHCI drivers into an initramfs, boots Debian's kernel on it under
 # qemu-system-x86_64 (software emulation) with an NVMe controller and an AHCI SATA
-# disk, and compares what orlo decodes from both drives with what the VM's sysfs
-# says of them: serial number, model, firmware and version. Needs
+# disk, runs the installed orlo against both and compares what it decodes with
+# what the VM's sysfs says of them: serial number, model, firmware and version,
+# the drive list, and a captured device image played back. Needs
 # scripts/setup-qemu.sh once. Prints the drives' answers and the time it took.
 #
 #   bash scripts/qemu-check.sh            build in build-qemu, then boot
@@ -115,7 +116,15 @@ orlo=$prefix/bin/orlo
 SH
 cat >>"$root/check.sh" <<'SH'
 trim() { sed 's/^[ \t]*//; s/[ \t]*$//'; }
+# The value of the first field with that description in orlo's JSON, which writes
+# one member a line: an element's description comes before its value.
+field() {
+  awk -v want="$1" '
+    /^ *"description": / { d = $0; sub(/^ *"description": "/, "", d); sub(/",?$/, "", d) }
+    /^ *"value": / && d == want { v = $0; sub(/^ *"value": "/, "", v); sub(/",?$/, "", v); print v; exit }'
+}
 attribute() { "$probe" show -ssd "$1" | sed -n "s/^$2=//p"; }
+controller() { "$orlo" show -ssd "$1" ControllerNamespaceStructure=1 -output json; }
 failures=0
 same() {
   if [ "$2" = "$3" ]; then echo "PASS $1: $2"; else echo "FAIL $1: orlo '$2', sysfs '$3'"; failures=$((failures + 1)); fi
@@ -130,16 +139,23 @@ holds() {
 }
 
 echo "-- the installed orlo"; "$orlo" help | head -5
-echo "-- drives"; "$probe" list
-for node in /dev/nvme0 /dev/sda; do echo "-- $node"; "$probe" show -ssd "$node"; done
+echo "-- orlo show -ssd"; drives=$("$orlo" show -ssd); echo "$drives"
+for listed in "Path: /dev/nvme0" "Path: /dev/sda" "Serial Number: $(trim </sys/class/nvme/nvme0/serial)" \
+  "Serial Number: $(tail -c +5 /sys/block/sda/device/vpd_pg80 | tr -d '\0' | trim)"; do
+  same "listed $listed" "$(echo "$drives" | grep -c "^ *$listed\$")" 1
+done
+echo "-- orlo show -ssd /dev/nvme0 ControllerNamespaceStructure=1"
+"$orlo" show -ssd /dev/nvme0 ControllerNamespaceStructure=1 | head -20
+echo "-- orlo show -ssd /dev/sda"; "$orlo" show -ssd /dev/sda | head -24
 
 nvme=/sys/class/nvme/nvme0
-same nvme-serial "$(attribute /dev/nvme0 SerialNumber)" "$(trim <$nvme/serial)"
-same nvme-model "$(attribute /dev/nvme0 ModelNumber)" "$(trim <$nvme/model)"
-same nvme-firmware "$(attribute /dev/nvme0 Firmware)" "$(trim <$nvme/firmware_rev)"
+identify=$(controller /dev/nvme0)
+same nvme-serial "$(echo "$identify" | field "Serial Number")" "$(trim <$nvme/serial)"
+same nvme-model "$(echo "$identify" | field "Model Number")" "$(trim <$nvme/model)"
+same nvme-firmware "$(echo "$identify" | field "Firmware Revision")" "$(trim <$nvme/firmware_rev)"
 version=$(cat /tmp/nvme-version)
-set -- $("$probe" identify -ssd /dev/nvme0 | sed -n 6p)
-same nvme-version "0x$2$1" "$version"
+same nvme-version "$(printf '0x%08x' "$(echo "$identify" | field Version)")" "$version"
+# The version flags are drive attributes, which only the probe shows.
 major=$((version >> 16)); minor=$(((version >> 8) & 255))
 for gate in 1.1 1.2 1.3 1.4 2.0; do
   want=False
@@ -147,23 +163,33 @@ for gate in 1.1 1.2 1.3 1.4 2.0; do
   same "nvme-version-$gate" "$(attribute /dev/nvme0 "NVMe$(echo $gate | sed 's/\./Point/')OrGreater")" "$want"
 done
 same nvme-namespace "$(attribute /dev/nvme0n1 NamespaceId)" "$(trim </sys/block/nvme0n1/nsid)"
+namespace=$("$orlo" show -ssd /dev/nvme0n1 -output json)
+sectors=$(trim </sys/block/nvme0n1/size)
+same nvme-namespace-size "$(($(echo "$namespace" | field "Namespace Size") * $(trim </sys/block/nvme0n1/queue/logical_block_size)))" "$((sectors * 512))"
 
 sata=/sys/block/sda/device
-same sata-serial "$(attribute /dev/sda SerialNumber)" "$(tail -c +5 $sata/vpd_pg80 | tr -d '\0' | trim)"
-starts sata-model "$(attribute /dev/sda ModelNumber)" "$(trim <$sata/model)"
-holds sata-firmware "$(attribute /dev/sda Firmware)" "$(trim <$sata/rev)"
+identify=$("$orlo" show -ssd /dev/sda -output json)
+same sata-serial "$(echo "$identify" | field "Serial Number")" "$(tail -c +5 $sata/vpd_pg80 | tr -d '\0' | trim)"
+starts sata-model "$(echo "$identify" | field "Model Number")" "$(trim <$sata/model)"
+holds sata-firmware "$(echo "$identify" | field "Firmware Version")" "$(trim <$sata/rev)"
+# The raw IDENTIFY DEVICE words: orlo shows them decoded, the probe as the drive sent them.
 port=$(readlink -f $sata | grep -o 'ata[0-9]*' | head -1)
 same sata-identify "$("$probe" identify -ssd /dev/sda | md5sum)" "$(md5sum </sys/class/ata_device/dev${port#ata}.0/id)"
 
 for node in /dev/nvme0 /dev/sda; do
   image=/tmp/image-${node#/dev/}
-  "$probe" capture -ssd "$node" -image "$image"
+  "$orlo" capture -ssd "$node" -image "$image"
+  same "capture-exit-$node" "$?" 0
   echo "-- captured from $node:" $(ls "$image")
-  same "replay-$node" "$("$probe" show -ssd "$image" | md5sum)" "$("$probe" show -ssd "$node" | md5sum)"
-  refused=$(su nobody -c "$probe show -ssd $node" 2>&1)
+  # A controller node has no namespace of its own: its image is compared on the controller.
+  structure=; [ "$node" = /dev/nvme0 ] && structure=ControllerNamespaceStructure=1
+  same "replay-$node" "$("$orlo" show -ssd "$image" $structure -output json | md5sum)" \
+    "$("$orlo" show -ssd "$node" $structure -output json | md5sum)"
+  refused=$(su nobody -c "$orlo show -ssd $node" 2>&1)
   same "unprivileged-exit-$node" "$?" 1
   holds "unprivileged-message-$node" "$refused" "Reading a drive needs root."
 done
+same replay-nvme-serial "$(controller /tmp/image-nvme0 | field "Serial Number")" "$(trim <$nvme/serial)"
 echo "failures=$failures"
 SH
 
