@@ -3,10 +3,10 @@
 #include <fstream>
 #include <string>
 
-#include "ScratchDirectory.h"
 #include "devices/DriveChoice.h"
 #include "devices/DriveDiscovery.h"
 #include "devices/VendorList.h"
+#include "support/ScratchDirectory.h"
 
 namespace {
 
@@ -23,26 +23,26 @@ void write(const fs::path& file, const std::string& text) {
 class FakeSysfs : public ::testing::Test {
  protected:
   void SetUp() override {
-    const fs::path nvme = sys.path / "class" / "nvme";
+    const fs::path nvme = sys.path() / "class" / "nvme";
     for (const auto& [name, serial] : {std::pair{"nvme17", "S17"}, std::pair{"nvme9", "S9  "}}) {
       write(nvme / name / "model", std::string("Corvid P41  \n"));
       write(nvme / name / "serial", serial + std::string("\n"));
       write(nvme / name / "firmware_rev", "1.0.2   \n");
     }
     write(nvme / "nvme-fabrics" / "model", "x\n");
-    const fs::path sdy = sys.path / "block" / "sdy" / "device";
+    const fs::path sdy = sys.path() / "block" / "sdy" / "device";
     write(sdy / "vendor", "ATA     \n");
     write(sdy / "model", "Corvid S300 512G\n");
     write(sdy / "rev", "04A \n");
     write(sdy / "vpd_pg80", std::string("\x00\x80\x00\x14", 4) + "        CVS3A0021847");
-    write(sys.path / "block" / "sdx" / "device" / "vendor", "Generic \n");
+    write(sys.path() / "block" / "sdx" / "device" / "vendor", "Generic \n");
   }
 
-  orlo::test::ScratchDirectory sys;
+  orlo::testing::ScratchDirectory sys;
 };
 
 TEST_F(FakeSysfs, ListsNvmeControllersThenSataDisksInKernelOrder) {
-  const auto drives = orlo::devices::discoverDrives(sys.path);
+  const auto drives = orlo::devices::discoverDrives(sys.path());
   ASSERT_EQ(drives.size(), 3u);
   EXPECT_EQ(drives[0].path, "/dev/nvme9");
   EXPECT_EQ(drives[0].serial, "S9");
@@ -54,12 +54,12 @@ TEST_F(FakeSysfs, ListsNvmeControllersThenSataDisksInKernelOrder) {
   EXPECT_EQ(drives[2].serial, "CVS3A0021847");
   EXPECT_EQ(drives[2].firmware, "04A");
   for (uint32_t i = 0; i < drives.size(); ++i) EXPECT_EQ(drives[i].index, i);
-  EXPECT_TRUE(orlo::devices::discoverDrives(sys.path / "missing").empty());
+  EXPECT_TRUE(orlo::devices::discoverDrives(sys.path() / "missing").empty());
 }
 
 TEST_F(FakeSysfs, SsdNamesADriveByIndexSerialPathOrImage) {
   orlo::devices::DriveOptions options;
-  options.sysRoot = sys.path;
+  options.sysRoot = sys.path();
   struct Case {
     std::string ssd;
     std::string message;

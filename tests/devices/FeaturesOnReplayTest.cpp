@@ -4,16 +4,17 @@
 #include <memory>
 #include <string>
 
-#include "ScratchDirectory.h"
 #include "devices/ReplayDevice.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/xml/XmlObject.h"
 #include "orlo/features/identify/Identify.h"
 #include "orlo/features/nvme_get_log/LogFactories.h"
+#include "support/ScratchDirectory.h"
 
 namespace {
 
 using orlo::core::Status;
+using orlo::testing::readFile;
 namespace properties = orlo::core::properties;
 
 const std::string kImages = std::string(ORLO_TEST_DATA_DIR) + "/images/";
@@ -24,11 +25,6 @@ std::shared_ptr<orlo::core::Device> open(const std::string& image, const std::st
   std::shared_ptr<orlo::devices::ReplayDevice> device;
   EXPECT_EQ(orlo::devices::ReplayDevice::open(kImages + image, vendors, device), Status::success());
   return device;
-}
-
-std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 // Every structure that the toolkit decodes, asked through the front end as a user
@@ -109,8 +105,8 @@ TEST(GetLogOnReplay, BothLogPagesOfAMakerDriveDecodeAndDump) {
     std::string xml;
     log->getXml()->write(xml);
     EXPECT_NE(xml.find(c.text), std::string::npos) << c.name;
-    orlo::test::ScratchDirectory folder;
-    const std::string dump = (folder.path / "log.bin").string();
+    orlo::testing::ScratchDirectory folder;
+    const std::string dump = (folder.path() / "log.bin").string();
     EXPECT_EQ(log->writeBinaryToFile(dump), Status::success());
     EXPECT_EQ(readFile(dump), readFile(kImages + "nvme-tamsel-t2/" + c.reply)) << c.name;
   }

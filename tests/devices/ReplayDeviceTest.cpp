@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 
-#include "ScratchDirectory.h"
 #include "devices/ImageCapture.h"
 #include "devices/ReplayDevice.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
@@ -18,12 +17,14 @@
 #include "orlo/features/feature/UUID/GUID16.h"
 #include "orlo/features/identify/ATAIdentify.h"
 #include "support/FakeDevice.h"
+#include "support/ScratchDirectory.h"
 
 namespace {
 
 using orlo::core::Status;
 using orlo::devices::ReplayDevice;
 using orlo::devices::VendorList;
+using orlo::testing::readFile;
 namespace properties = orlo::core::properties;
 
 const std::string kImages = std::string(ORLO_TEST_DATA_DIR) + "/images/";
@@ -37,11 +38,6 @@ std::shared_ptr<ReplayDevice> open(const std::string& image, const std::string& 
   const Status status = ReplayDevice::open(image, vendors, device);
   EXPECT_EQ(status, Status::success()) << status.message();
   return device;
-}
-
-std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 TEST(ReplayDevice, NvmeAttributesComeFromIdentifyControllerThenTheImage) {
@@ -125,10 +121,10 @@ TEST(ReplayDevice, ImageProblemsAreNamed) {
       {"Protocol=NVME\n", "has no Identify reply: NVMe command reported a problem"},
   };
   for (const Case& c : cases) {
-    orlo::test::ScratchDirectory image;
-    std::ofstream(image.path / "attributes.txt") << c.attributes;
+    orlo::testing::ScratchDirectory image;
+    std::ofstream(image.path() / "attributes.txt") << c.attributes;
     std::shared_ptr<ReplayDevice> device;
-    const Status status = ReplayDevice::open(image.path.string(), VendorList(), device);
+    const Status status = ReplayDevice::open(image.path().string(), VendorList(), device);
     EXPECT_NE(status, Status::success());
     EXPECT_NE(status.message().find(c.message), std::string::npos) << status.message();
     EXPECT_EQ(device, nullptr);
@@ -138,12 +134,12 @@ TEST(ReplayDevice, ImageProblemsAreNamed) {
 TEST(ReplayDevice, CaptureOfAReplayedDriveReplaysAlike) {
   for (const std::string& source : {kNvmeImage, kSataImage}) {
     const auto original = open(source, "1e5a");
-    orlo::test::ScratchDirectory copy;
-    ASSERT_EQ(orlo::devices::captureImage(*original, copy.path.string()), Status::success());
-    const std::string attributes = readFile((copy.path / "attributes.txt").string());
+    orlo::testing::ScratchDirectory copy;
+    ASSERT_EQ(orlo::devices::captureImage(*original, copy.path().string()), Status::success());
+    const std::string attributes = readFile((copy.path() / "attributes.txt").string());
     EXPECT_EQ(attributes.find("Veldra"), std::string::npos) << "left to the vendor list";
 
-    const auto replayed = open(copy.path.string(), "1e5a");
+    const auto replayed = open(copy.path().string(), "1e5a");
     EXPECT_EQ(replayed->attributes.size(), original->attributes.size());
     for (const auto& [name, attribute] : original->attributes) {
       const auto found = replayed->attributes.find(name);
@@ -152,7 +148,7 @@ TEST(ReplayDevice, CaptureOfAReplayedDriveReplaysAlike) {
     }
     for (const auto& entry : std::filesystem::directory_iterator(source)) {
       if (entry.path().extension() != ".bin") continue;
-      EXPECT_EQ(readFile((copy.path / entry.path().filename()).string()),
+      EXPECT_EQ(readFile((copy.path() / entry.path().filename()).string()),
                 readFile(entry.path().string()))
           << entry.path();
     }
@@ -170,8 +166,8 @@ TEST(ImageCapture, AsksTheVendorLogWithTheIndexOfTheVendorGUID) {
                         command.submissionEntry.dword(10) == 23;
                }),
                {Status::success(), uuids, nullptr});
-  orlo::test::ScratchDirectory image;
-  EXPECT_EQ(orlo::devices::captureImage(drive, image.path.string()), Status::success());
+  orlo::testing::ScratchDirectory image;
+  EXPECT_EQ(orlo::devices::captureImage(drive, image.path().string()), Status::success());
 
   std::map<uint32_t, uint32_t> uuidIndexOfLog;
   for (std::size_t i = 0; i < drive.sent.size(); ++i) {
