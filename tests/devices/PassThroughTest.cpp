@@ -40,12 +40,9 @@ TEST(NvmePassThrough, CarriesTheEntryAndTheBuffer) {
   const nvme_passthru_cmd request = orlo::devices::nvmePassThrough(command, buffer, 512);
   EXPECT_EQ(request.opcode, 2);
   EXPECT_EQ(request.flags, 0x40);
-  EXPECT_EQ(request.nsid, 0x11u);
-  EXPECT_EQ(request.cdw2, 0x22u);
-  EXPECT_EQ(request.cdw3, 0x33u);
-  const uint32_t tail[] = {request.cdw10, request.cdw11, request.cdw12,
-                           request.cdw13, request.cdw14, request.cdw15};
-  for (unsigned i = 0; i < 6; ++i) EXPECT_EQ(tail[i], (10 + i) * 0x11u);
+  EXPECT_EQ((std::vector{request.nsid, request.cdw2, request.cdw3, request.cdw10, request.cdw11,
+                         request.cdw12, request.cdw13, request.cdw14, request.cdw15}),
+            (std::vector{0x11u, 0x22u, 0x33u, 0xAAu, 0xBBu, 0xCCu, 0xDDu, 0xEEu, 0xFFu}));
   EXPECT_EQ(request.addr, reinterpret_cast<uintptr_t>(buffer));
   EXPECT_EQ(request.data_len, 512u);
   EXPECT_EQ(request.metadata, 0u);
