@@ -159,8 +159,10 @@ zip_int64_t DurableArchiveFile::beginWrite() {
     return fail(ZIP_ER_TMPOPEN, problem);
   }
   // libzip writes in small pieces; a larger buffer saves most of the system
-  // calls. Were it refused, the default buffer would do.
-  std::setvbuf(output_, nullptr, _IOFBF, kOutputBuffer);
+  // calls. glibc ignores the size unless it is handed the buffer itself. Were it
+  // refused, the default buffer would do.
+  outputBuffer_.resize(kOutputBuffer);
+  std::setvbuf(output_, outputBuffer_.data(), _IOFBF, outputBuffer_.size());
   return 0;
 }
 

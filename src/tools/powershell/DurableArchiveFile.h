@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace orlo::tools::powershell {
 
@@ -47,7 +48,8 @@ class DurableArchiveFile {
   zip_uint64_t inputSize_ = 0;
   zip_uint64_t inputOffset_ = 0;
   mode_t inputMode_ = 0;
-  std::FILE* output_ = nullptr;  // the temporary file while writing
+  std::FILE* output_ = nullptr;     // the temporary file while writing
+  std::vector<char> outputBuffer_;  // output_'s buffer; stdio sizes only one it is given
   std::string temporary_;
 };
 
