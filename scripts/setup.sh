@@ -7,7 +7,7 @@ packages=(
   libboost-dev libboost-log-dev libboost-date-time-dev libboost-filesystem-dev libboost-system-dev
   libzip-dev zlib1g-dev zip unzip
   libgtest-dev libgmock-dev googletest
-  libclang-rt-14-dev libbenchmark-dev
+  libclang-rt-14-dev libbenchmark-dev p7zip-full
   python3
 )
 
