@@ -31,7 +31,10 @@ class ScratchDirectory {
   std::filesystem::path path_;
 };
 
+// Writes `content` to `path`, making the folders on the way.
 inline void writeFile(const std::string& path, const std::string& content) {
+  std::error_code ignored;
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
   std::ofstream(path, std::ios::binary) << content;
 }
 
