@@ -1,14 +1,17 @@
 #include <gtest/gtest.h>
 
-#include "IdentifyXml.h"
+#include "PayloadWith.h"
 #include "orlo/core/AttributeCollection.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/identify/NVMe_NamespaceData.h"
+#include "support/ExpectedText.h"
 
 namespace {
 
 using namespace identify_test;
 using orlo::core::AttributeCollection;
+using orlo::testing::expectedXml;
+using orlo::testing::xmlText;
 namespace properties = orlo::core::properties;
 namespace namespaceData = orlo::features::identify::nvme::namespaceData;
 
@@ -36,26 +39,26 @@ TEST(NamespaceData, WholeTreeForEachVersion) {
     const char* file;
     std::vector<orlo::core::Attribute> announced;
   } cases[] = {
-      {"namespace_data_none.txt", {}},
-      {"namespace_data_1_2.txt", {v12}},
-      {"namespace_data_1_3.txt", {v12, v13}},
-      {"namespace_data_1_4.txt", {v11, v12, v13, v14}},
-      {"namespace_data_1_4.txt", {v11, v12, v13, v14, v20}},
+      {"namespace_data_none.xml", {}},
+      {"namespace_data_1_2.xml", {v12}},
+      {"namespace_data_1_3.xml", {v12, v13}},
+      {"namespace_data_1_4.xml", {v11, v12, v13, v14}},
+      {"namespace_data_1_4.xml", {v11, v12, v13, v14, v20}},
   };
   for (const auto& c : cases) {
     AttributeCollection device;
     for (const auto& version : c.announced) {
       orlo::core::writeUInt8(device, version, 1);
     }
-    EXPECT_EQ(xmlOf(namespaceData::toXmlObject(namespaceStructure(), device)),
-              treeXml(named("Identify Namespace"), outline(c.file)))
+    EXPECT_EQ(xmlText(*namespaceData::toXmlObject(namespaceStructure(), device)),
+              expectedXml(std::string("identify_structures/") + c.file))
         << c.file << " " << c.announced.size();
   }
 }
 
 TEST(NamespaceData, ShortPayloadGivesBareRootOfItsOwnClass) {
   const auto root = namespaceData::toXmlObject(orlo::core::Payload(4095), AttributeCollection());
-  EXPECT_EQ(xmlOf(root), "<Object></Object>");
+  EXPECT_EQ(xmlText(*root), "<Object></Object>");
   EXPECT_NE(dynamic_cast<namespaceData::XmlObject*>(root.get()), nullptr);
 }
 
