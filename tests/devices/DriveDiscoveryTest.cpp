@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <string>
 
 #include "devices/DriveChoice.h"
@@ -11,12 +10,8 @@
 namespace {
 
 using orlo::core::Status;
+using orlo::testing::writeFile;
 namespace fs = std::filesystem;
-
-void write(const fs::path& file, const std::string& text) {
-  fs::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << text;
-}
 
 // A sysfs tree with two NVMe controllers, listed out of order, a SATA disk, and
 // a USB stick and a fabrics entry that are no drives of ours.
@@ -25,17 +20,17 @@ class FakeSysfs : public ::testing::Test {
   void SetUp() override {
     const fs::path nvme = sys.path() / "class" / "nvme";
     for (const auto& [name, serial] : {std::pair{"nvme17", "S17"}, std::pair{"nvme9", "S9  "}}) {
-      write(nvme / name / "model", std::string("Corvid P41  \n"));
-      write(nvme / name / "serial", serial + std::string("\n"));
-      write(nvme / name / "firmware_rev", "1.0.2   \n");
+      writeFile(nvme / name / "model", std::string("Corvid P41  \n"));
+      writeFile(nvme / name / "serial", serial + std::string("\n"));
+      writeFile(nvme / name / "firmware_rev", "1.0.2   \n");
     }
-    write(nvme / "nvme-fabrics" / "model", "x\n");
+    writeFile(nvme / "nvme-fabrics" / "model", "x\n");
     const fs::path sdy = sys.path() / "block" / "sdy" / "device";
-    write(sdy / "vendor", "ATA     \n");
-    write(sdy / "model", "Corvid S300 512G\n");
-    write(sdy / "rev", "04A \n");
-    write(sdy / "vpd_pg80", std::string("\x00\x80\x00\x14", 4) + "        CVS3A0021847");
-    write(sys.path() / "block" / "sdx" / "device" / "vendor", "Generic \n");
+    writeFile(sdy / "vendor", "ATA     \n");
+    writeFile(sdy / "model", "Corvid S300 512G\n");
+    writeFile(sdy / "rev", "04A \n");
+    writeFile(sdy / "vpd_pg80", std::string("\x00\x80\x00\x14", 4) + "        CVS3A0021847");
+    writeFile(sys.path() / "block" / "sdx" / "device" / "vendor", "Generic \n");
   }
 
   orlo::testing::ScratchDirectory sys;
