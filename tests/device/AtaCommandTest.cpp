@@ -2,22 +2,24 @@
 
 #include <typeinfo>
 
-#include "CommandTexts.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
 #include "orlo/commands/ata/IdentifyDevice.h"
 #include "orlo/commands/ata/ReadDMA.h"
+#include "support/ExpectedText.h"
 
 using namespace orlo::commands::ata;
+using orlo::testing::testData;
+using orlo::testing::xmlText;
 
 TEST(AtaCommand, DumpsAndXmlByteForByte) {
-  EXPECT_EQ(ReadDMA().toString(), expectedText("ata_read_dma.txt"));
-  EXPECT_EQ(Command("Plain").toString(), expectedText("ata_plain.txt"));
+  EXPECT_EQ(ReadDMA().toString(), testData("device/ata_read_dma.txt"));
+  EXPECT_EQ(Command("Plain").toString(), testData("device/ata_plain.txt"));
   // Only an extended command shows its older registers.
   ReadDMA extended;
   extended.extended = true;
   extended.previousTaskFile = {1, 2, 3, 4, 5, 6, 7, 0xE8};
-  EXPECT_EQ(extended.toString(), expectedText("ata_read_dma_extended.txt"));
-  EXPECT_EQ(xmlOf(CheckPowerMode()), expectedText("ata_check_power_mode.xml"));
+  EXPECT_EQ(extended.toString(), testData("device/ata_read_dma_extended.txt"));
+  EXPECT_EQ(xmlText(*CheckPowerMode().toXml()), testData("device/ata_check_power_mode.xml"));
 }
 
 TEST(AtaCommand, CloneIsAPlainCommandWithEveryField) {
@@ -31,6 +33,6 @@ TEST(AtaCommand, CloneIsAPlainCommandWithEveryField) {
   auto clone = identify.clone();
   EXPECT_EQ(typeid(*clone), typeid(Command));
   EXPECT_EQ(clone->toString(), identify.toString());
-  EXPECT_EQ(xmlOf(*clone), xmlOf(identify));
+  EXPECT_EQ(xmlText(*clone->toXml()), xmlText(*identify.toXml()));
   EXPECT_EQ(static_cast<const Command&>(*clone).transferBytes, 512u);
 }

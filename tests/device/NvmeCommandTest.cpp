@@ -2,25 +2,27 @@
 
 #include <typeinfo>
 
-#include "CommandTexts.h"
 #include "orlo/commands/nvme/GetLogPage.h"
 #include "orlo/commands/nvme/Identify.h"
+#include "support/ExpectedText.h"
 
 using namespace orlo::commands::nvme;
+using orlo::testing::testData;
+using orlo::testing::xmlText;
 
 TEST(NvmeCommand, DumpsAndXmlByteForByte) {
   Identify identify;
-  EXPECT_EQ(identify.toString(), expectedText("nvme_identify.txt"));
+  EXPECT_EQ(identify.toString(), testData("device/nvme_identify.txt"));
   // Byte 1 of 0xFF splits into FUSE 3, Reserved 15 and PSDT 3; the metadata
   // pointer needs nine hexadecimal digits.
   identify.submissionEntry.bytes[1] = 0xFF;
   identify.submissionEntry.setDword(4, 2);
   identify.submissionEntry.setDword(5, 1);
-  EXPECT_EQ(identify.toString(), expectedText("nvme_identify_fuse_psdt_mptr.txt"));
+  EXPECT_EQ(identify.toString(), testData("device/nvme_identify_fuse_psdt_mptr.txt"));
 
   GetLogPage getLogPage;
   getLogPage.transferBytes = 0x1000;
-  EXPECT_EQ(xmlOf(getLogPage), expectedText("nvme_get_log_page.xml"));
+  EXPECT_EQ(xmlText(*getLogPage.toXml()), testData("device/nvme_get_log_page.xml"));
 }
 
 TEST(NvmeCommand, SetCnsWritesOnlyTheLowByteOfDWord10) {
@@ -52,7 +54,7 @@ TEST(NvmeCommand, CloneIsAPlainCommandWithEveryField) {
   EXPECT_EQ(typeid(*clone), typeid(Command));
   // The dump and the XML show the entry, the flags and the transfer numbers.
   EXPECT_EQ(clone->toString(), identify.toString());
-  EXPECT_EQ(xmlOf(*clone), xmlOf(identify));
+  EXPECT_EQ(xmlText(*clone->toXml()), xmlText(*identify.toXml()));
   const auto& copy = static_cast<const Command&>(*clone);
   EXPECT_EQ(copy.queuePayload.data(), identify.queuePayload.data());
   const uint64_t words[] = {copy.queueWord0, copy.queueWord1, copy.queueWord2, copy.queueWord3,
