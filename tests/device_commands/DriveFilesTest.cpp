@@ -19,12 +19,9 @@ TEST_F(DriveFiles, ListCaptureAndDump) {
     const std::string copy = scratch / std::filesystem::path(image).filename().string();
     const Invocation capture = orlo({"capture", "-ssd", image, "-image", copy});
     EXPECT_EQ(capture.out, "Result: Captured the drive into " + copy + ".\n") << capture.err;
-    for (const std::string cns : {"0", "1", "23"}) {
-      const std::string properties[] = {"ControllerNamespaceStructure=" + cns, "NamespaceId=1"};
-      EXPECT_EQ(orlo({"show", "-ssd", copy, properties[0], properties[1]}).out,
-                orlo({"show", "-ssd", image, properties[0], properties[1]}).out)
-          << copy << " CNS " << cns;
-    }
+    EXPECT_EQ(orlo({"show", "-ssd", copy, "ControllerNamespaceStructure=1"}).out,
+              orlo({"show", "-ssd", image, "ControllerNamespaceStructure=1"}).out)
+        << copy;
   }
 
   // A log page goes to its file as the drive sent it.
