@@ -3,7 +3,7 @@
 #include "plugins/plugin.cliframework/ResultMakers.h"
 #include "plugins/plugin.cliframework/SimpleNumericResult.h"
 #include "plugins/plugin.cliframework/SimpleResult.h"
-#include "support/ScratchDirectory.h"
+#include "support/ExpectedText.h"
 
 using namespace plugin::cli;
 
@@ -16,7 +16,7 @@ TEST(StatusResult, RendersInEachFormatAsTheDataFilesShow) {
                {makeSyntaxStatusResult("Bad."), 1, "syntax_failure_level1"}};
   for (const auto& c : cases) {
     const auto expected = [&c](const std::string& format) {
-      return orlo::testing::readFile(ORLO_TEST_DATA_DIR "/framework/" + c.file + format);
+      return orlo::testing::testData("framework/" + c.file + format);
     };
     EXPECT_EQ(c.result->toText(c.level), expected(".txt"));
     EXPECT_EQ(c.result->toCsv(), expected(".csv"));

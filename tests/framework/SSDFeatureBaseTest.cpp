@@ -33,8 +33,6 @@ TEST(SSDFeatureBaseCheckSyntax, WantsSsdThenADecimalOrHexNamespace) {
   for (const char* good : {"0x10", "16", "ff", "0xZ1", "0x", ""}) {
     EXPECT_EQ(checked(good, {{"-ssd", "1"}}), "pass") << good;
   }
-  EXPECT_EQ(checked("zz", {{"-ssd", "1"}, {"-all", ""}, {"-display", ""}}),
-            "Options 'all' and 'display' cannot be used together. / 201");
 }
 
 TEST(SSDFeatureBaseExecute, MovesArgumentsIntoAttributesThenRuns) {
