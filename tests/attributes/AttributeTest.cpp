@@ -6,6 +6,7 @@
 
 #include "orlo/core/Attribute.h"
 #include "orlo/core/xml/XmlProperty.h"
+#include "support/ExpectedText.h"
 
 namespace orlo::core {
 namespace {
@@ -98,16 +99,14 @@ TEST(AttributeAsString, ReadsTheStoredBytesByTag) {
 TEST(AttributeXml, WritesDescriptionOnlyWhenSet) {
   Attribute attribute("SerialNumber", "Serial Number", "string");
   attribute.setStringValue("a<b");
-  std::string bare;
-  attribute.toXml()->write(bare);
-  EXPECT_EQ(bare, R"(<Property category="attribute" displayName="Serial Number" )"
-                  R"(name="SerialNumber" size="4" type="string" value="a&amp;lt;b"/>)");
+  EXPECT_EQ(orlo::testing::xmlText(*attribute.toXml()),
+            R"(<Property category="attribute" displayName="Serial Number" )"
+            R"(name="SerialNumber" size="4" type="string" value="a&amp;lt;b"/>)");
   attribute.description = "Drive serial";
-  std::string described;
-  attribute.toXml()->write(described);
-  EXPECT_EQ(described, R"(<Property category="attribute" description="Drive serial" )"
-                       R"(displayName="Serial Number" name="SerialNumber" size="4" type="string" )"
-                       R"(value="a&amp;lt;b"/>)");
+  EXPECT_EQ(orlo::testing::xmlText(*attribute.toXml()),
+            R"(<Property category="attribute" description="Drive serial" )"
+            R"(displayName="Serial Number" name="SerialNumber" size="4" type="string" )"
+            R"(value="a&amp;lt;b"/>)");
 }
 
 }  // namespace

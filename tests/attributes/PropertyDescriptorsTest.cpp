@@ -6,7 +6,7 @@
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/NamespaceProperty.h"
 #include "orlo/features/nvme_get_log/UUIDIndexProperty.h"
-#include "support/ScratchDirectory.h"
+#include "support/ExpectedText.h"
 
 namespace orlo::core {
 namespace {
@@ -31,8 +31,7 @@ TEST(PropertyDescriptors, EveryMakerSpellsItsRow) {
     rows += descriptor.name + " | " + descriptor.displayName + " | " + descriptor.type + "\n";
     EXPECT_TRUE(descriptor.description.empty() && descriptor.value.size() == 0) << descriptor.name;
   }
-  EXPECT_EQ(rows,
-            orlo::testing::readFile(ORLO_TEST_DATA_DIR "/attributes/property_descriptors.txt"));
+  EXPECT_EQ(rows, orlo::testing::testData("attributes/property_descriptors.txt"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "orlo/core/Status.h"
 #include "orlo/core/xml/XmlObject.h"
+#include "support/ExpectedText.h"
 
 using orlo::core::Status;
 
@@ -16,9 +17,7 @@ TEST(Status, ComparesByNumbersAndPrintsThreeLinesAndXml) {
   Status target(std::move(moved));
   EXPECT_EQ(moved.toString(), "Category: 10\nCode: 124\nMessage: ");
 
-  std::string xml;
-  Status(10, -1, "m").toXml()->write(xml);
-  EXPECT_EQ(xml,
+  EXPECT_EQ(orlo::testing::xmlText(*Status(10, -1, "m").toXml()),
             R"(<Object category="status"><Property name="Category" value="10"/>)"
             R"(<Property name="Code" value="-1"/><Property name="Message" value="m"/></Object>)");
 }

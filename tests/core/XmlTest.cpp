@@ -8,16 +8,12 @@
 
 #include "orlo/core/xml/XmlObject.h"
 #include "orlo/core/xml/XmlProperty.h"
+#include "support/ExpectedText.h"
 
 using namespace orlo::core::xml;
+using orlo::testing::xmlText;
 
 namespace {
-
-std::string written(const XmlElement& element) {
-  std::string out;
-  element.write(out);
-  return out;
-}
 
 std::unique_ptr<XmlProperty> property(const std::string& name, const std::string& value) {
   auto made = std::make_unique<XmlProperty>();
@@ -61,13 +57,13 @@ TEST(Xml, WritesSortedEscapedAttributesThenPropertiesListsAndObjects) {
   root.lists().push_back(property("list", "3"));
   root.addProperty("p", "", " 12\n ").attribute("key") = "p";
 
-  EXPECT_EQ(written(root),
+  EXPECT_EQ(xmlText(root),
             R"(<Object Zulu="z" description="" name="root" value="1">)"
             R"(<Property description="" key="p" name="p" value="12"/>)"
             R"(<Property name="list" value="3"/>)"
             R"(<Object name="child"><Property description="d" name="inner" )"
             R"(value="a&amp;lt;b&amp;gt;&amp;&quot;&apos;&amp;lt;"/></Object></Object>)");
-  EXPECT_EQ(written(*root.clone()), written(root));
+  EXPECT_EQ(xmlText(*root.clone()), xmlText(root));
   EXPECT_EQ(root.getAttribute("missing"), "");
   EXPECT_EQ(root.attributes().count("missing"), 0u);
 }
