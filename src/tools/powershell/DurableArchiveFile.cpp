@@ -4,13 +4,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstring>
 
 namespace orlo::tools::powershell {
 
 namespace {
 
 constexpr std::size_t kOutputBuffer = 1 << 18;
+constexpr std::size_t kInputBuffer = 1 << 18;
+// Writeback of the new archive starts every this many bytes, so that by the
+// final flush most of it is on disk already and the copying overlaps the disk.
+constexpr zip_uint64_t kWritebackStep = 8 << 20;
 
 }  // namespace
 
@@ -117,17 +123,38 @@ zip_int64_t DurableArchiveFile::stat(void* data, zip_uint64_t length) {
 }
 
 zip_int64_t DurableArchiveFile::read(void* data, zip_uint64_t length) {
+  auto* out = static_cast<char*>(data);
   zip_uint64_t done = 0;
   while (done < length) {
-    const ssize_t got = pread(input_, static_cast<char*>(data) + done, length - done,
-                              static_cast<off_t>(inputOffset_ + done));
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return fail(ZIP_ER_READ, errno);
-    if (got == 0) break;
-    done += static_cast<zip_uint64_t>(got);
+    const zip_uint64_t offset = inputOffset_ + done;
+    if (offset < bufferStart_ || offset >= bufferStart_ + bufferLength_) {
+      const zip_int64_t got = readAhead(offset);
+      if (got < 0) return got;
+      if (got == 0) break;
+    }
+    const zip_uint64_t from = offset - bufferStart_;
+    const zip_uint64_t count = std::min(length - done, bufferLength_ - from);
+    std::memcpy(out + done, inputBuffer_.data() + from, count);
+    done += count;
   }
   inputOffset_ += done;
   return static_cast<zip_int64_t>(done);
+}
+
+zip_int64_t DurableArchiveFile::readAhead(zip_uint64_t offset) {
+  inputBuffer_.resize(kInputBuffer);
+  bufferStart_ = offset;
+  bufferLength_ = 0;
+  while (bufferLength_ < inputBuffer_.size()) {
+    const ssize_t got =
+        pread(input_, inputBuffer_.data() + bufferLength_, inputBuffer_.size() - bufferLength_,
+              static_cast<off_t>(offset + bufferLength_));
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return fail(ZIP_ER_READ, errno);
+    if (got == 0) break;
+    bufferLength_ += static_cast<zip_uint64_t>(got);
+  }
+  return static_cast<zip_int64_t>(bufferLength_);
 }
 
 zip_int64_t DurableArchiveFile::seek(void* data, zip_uint64_t length) {
@@ -168,7 +195,18 @@ zip_int64_t DurableArchiveFile::beginWrite() {
 
 zip_int64_t DurableArchiveFile::write(const void* data, zip_uint64_t length) {
   if (std::fwrite(data, 1, length, output_) != length) return fail(ZIP_ER_WRITE, errno);
+  unflushed_ += length;
+  if (unflushed_ >= kWritebackStep && !startWriteback()) return fail(ZIP_ER_WRITE, errno);
   return static_cast<zip_int64_t>(length);
+}
+
+bool DurableArchiveFile::startWriteback() {
+  unflushed_ = 0;
+  if (std::fflush(output_) != 0) return false;
+  // Only a head start for the flush at commit, which still makes sure every
+  // byte reached the disk; a refusal here is left to that flush to report.
+  sync_file_range(fileno(output_), 0, 0, SYNC_FILE_RANGE_WRITE);
+  return true;
 }
 
 zip_int64_t DurableArchiveFile::seekWrite(void* data, zip_uint64_t length) {

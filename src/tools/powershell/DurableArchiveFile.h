@@ -29,6 +29,8 @@ class DurableArchiveFile {
   static zip_int64_t dispatch(void* self, void* data, zip_uint64_t length,
                               zip_source_cmd_t command);
   zip_int64_t fail(int zipError, int systemError);
+  zip_int64_t readAhead(zip_uint64_t offset);
+  bool startWriteback();
 
   bool haveInput();
   zip_int64_t openForReading();
@@ -47,10 +49,16 @@ class DurableArchiveFile {
   int input_ = -1;  // the old archive, opened on first use
   zip_uint64_t inputSize_ = 0;
   zip_uint64_t inputOffset_ = 0;
+  // libzip reads the old archive 8 KiB at a time; reading ahead in large blocks
+  // saves most of the system calls.
+  std::vector<char> inputBuffer_;
+  zip_uint64_t bufferStart_ = 0;   // where in the file inputBuffer_ begins
+  zip_uint64_t bufferLength_ = 0;  // how much of inputBuffer_ holds file data
   mode_t inputMode_ = 0;
   std::FILE* output_ = nullptr;     // the temporary file while writing
   std::vector<char> outputBuffer_;  // output_'s buffer; stdio sizes only one it is given
   std::string temporary_;
+  zip_uint64_t unflushed_ = 0;  // bytes written since writeback was last started
 };
 
 }  // namespace orlo::tools::powershell
