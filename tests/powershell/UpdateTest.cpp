@@ -42,6 +42,31 @@ TEST_F(ProviderTest, CompressionLevelChoosesTheMethod) {
   EXPECT_LT(entries["Optimal"].raw.size(), entries["Fastest"].raw.size());
 }
 
+TEST_F(ProviderTest, LargeFilesDeflateInBlocksThatReadAsOneStream) {
+  // 16 KiB of noise over and over: each repeat is found only by looking back
+  // across a 128 KiB block boundary into the block before, so a block deflated
+  // without the right dictionary makes the data wrong or the entry ~16 KiB
+  // larger for every block (four or five blocks here).
+  std::string noise;
+  for (unsigned value = 12345; noise.size() < (16u << 10);) {
+    value = value * 1103515245u + 12345u;
+    noise.push_back(static_cast<char>(value >> 16));
+  }
+  for (const std::size_t size : {std::size_t{4} << 17, (std::size_t{4} << 17) + 1}) {
+    std::string data;
+    while (data.size() < size) data += noise;
+    data.resize(size);
+    writeBytes(dir / "big.bin", data);
+    for (const std::string level : {"Optimal", "Fastest"}) {
+      runQuietly({"Compress-Archive", "big.bin", "x.zip", "-Force", "-CompressionLevel", level});
+      const ArchivedEntry entry = readArchive(dir / "x.zip").at("big.bin");
+      EXPECT_EQ(entry.method, ZIP_CM_DEFLATE) << size << level;
+      EXPECT_TRUE(entry.data == data) << size << level;
+      EXPECT_LT(entry.raw.size(), 32u << 10) << size << level;
+    }
+  }
+}
+
 TEST_F(ProviderTest, StoresLocalTimeFrom1980On) {
   // A zone without summer time, away from UTC: a UTC stamp would be three hours off.
   const char* zone = std::getenv("TZ");

@@ -3,6 +3,7 @@
 #include "DosTime.h"
 #include "EntryName.h"
 #include "Messages.h"
+#include "ParallelDeflateSource.h"
 #include "ProgressLine.h"
 
 namespace orlo::tools::powershell {
@@ -83,18 +84,22 @@ Error ArchiveUpdater::add(const PlannedEntry& entry) {
   for (zip_uint64_t index : byName_[foldCase(entry.name)]) {
     if (zip_delete(archive_, index) != 0) return notWritten();
   }
+  const CompressionRow& compression =
+      compressionFor(entry.isFolder() ? CompressionLevel::NoCompression : request_.level);
   zip_int64_t index = -1;
   if (entry.isFolder()) {
     index = zip_dir_add(archive_, entry.name.c_str(), ZIP_FL_ENC_UTF_8);
   } else {
-    zip_source_t* data = zip_source_file(archive_, entry.source.c_str(), 0, -1);
+    zip_source_t* data =
+        compression.method == ZIP_CM_DEFLATE
+            ? ParallelDeflateSource::create(archive_, entry.source,
+                                            static_cast<int>(compression.zlibLevel), workers_)
+            : zip_source_file(archive_, entry.source.c_str(), 0, -1);
     if (data != nullptr) index = zip_file_add(archive_, entry.name.c_str(), data, ZIP_FL_ENC_UTF_8);
     if (data != nullptr && index < 0) zip_source_free(data);
   }
   if (index < 0) return notWritten();
   const auto position = static_cast<zip_uint64_t>(index);
-  const CompressionRow& compression =
-      compressionFor(entry.isFolder() ? CompressionLevel::NoCompression : request_.level);
   if (zip_set_file_compression(archive_, position, compression.method, compression.zlibLevel) !=
           0 ||
       zip_file_set_mtime(archive_, position, clampToDosRange(entry.modified), 0) != 0) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "CompressArchiveRequest.h"
+#include "DeflateWorkers.h"
 #include "Destination.h"
 #include "DurableArchiveFile.h"
 #include "Error.h"
@@ -37,6 +38,7 @@ class ArchiveUpdater {
   const ArchiveTarget& target_;
   const CompressArchiveRequest& request_;
   DurableArchiveFile file_;
+  DeflateWorkers workers_;
   zip_t* archive_ = nullptr;
   // Entry indices by name without regard to case.
   std::map<std::u32string, std::vector<zip_uint64_t>> byName_;

@@ -1,0 +1,262 @@
+#include "ParallelDeflateSource.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <boost/asio/post.hpp>
+#include <cerrno>
+#include <cstring>
+
+namespace orlo::tools::powershell {
+
+namespace {
+
+// The most a deflate match reaches back.
+constexpr zip_uint64_t kDictionarySize = 32 << 10;
+// Raw deflate: libzip writes the stream without a zlib header.
+constexpr int kRawWindowBits = -15;
+constexpr int kMemoryLevel = 8;
+
+}  // namespace
+
+struct ParallelDeflateSource::OpenFile {
+  explicit OpenFile(int descriptor) : descriptor(descriptor) {}
+  ~OpenFile() { close(descriptor); }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  // Reads exactly bytes.size() bytes at offset; false with errno set, or with
+  // errno 0 when the file has become shorter.
+  bool readAt(unsigned char* into, zip_uint64_t length, zip_uint64_t offset) const {
+    zip_uint64_t done = 0;
+    while (done < length) {
+      const ssize_t got =
+          pread(descriptor, into + done, length - done, static_cast<off_t>(offset + done));
+      if (got < 0 && errno == EINTR) continue;
+      if (got <= 0) {
+        if (got == 0) errno = 0;
+        return false;
+      }
+      done += static_cast<zip_uint64_t>(got);
+    }
+    return true;
+  }
+
+  int descriptor;
+};
+
+zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesystem::path& file,
+                                            int zlibLevel, DeflateWorkers& workers) {
+  const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  struct stat status {};
+  if (descriptor < 0 || fstat(descriptor, &status) != 0) {
+    zip_error_set(zip_get_error(archive), ZIP_ER_OPEN, errno);
+    if (descriptor >= 0) close(descriptor);
+    return nullptr;
+  }
+  if (status.st_size == 0) {
+    // Nothing to deflate: libzip stores an empty file.
+    close(descriptor);
+    return zip_source_file(archive, file.c_str(), 0, -1);
+  }
+  auto* self =
+      new ParallelDeflateSource(std::make_shared<const OpenFile>(descriptor),
+                                static_cast<zip_uint64_t>(status.st_size), zlibLevel, workers);
+  self->mode_ = status.st_mode;
+  zip_source_t* source = zip_source_function(archive, &ParallelDeflateSource::dispatch, self);
+  if (source == nullptr) {
+    delete self;
+    return nullptr;
+  }
+  self->deflateAhead();
+  return source;
+}
+
+ParallelDeflateSource::ParallelDeflateSource(std::shared_ptr<const OpenFile> file,
+                                             zip_uint64_t size, int zlibLevel,
+                                             DeflateWorkers& workers)
+    : file_(std::move(file)), size_(size), level_(zlibLevel), mode_(0), workers_(workers) {
+  zip_error_init(&error_);
+}
+
+ParallelDeflateSource::~ParallelDeflateSource() {
+  // Blocks still under way finish on their own; they hold the file open.
+  workers_.release(pending_.size());
+  zip_error_fini(&error_);
+}
+
+zip_int64_t ParallelDeflateSource::dispatch(void* self, void* data, zip_uint64_t length,
+                                            zip_source_cmd_t command) {
+  auto* source = static_cast<ParallelDeflateSource*>(self);
+  switch (command) {
+    case ZIP_SOURCE_OPEN:
+      return source->open();
+    case ZIP_SOURCE_READ:
+      return source->read(data, length);
+    case ZIP_SOURCE_CLOSE:
+      return 0;
+    case ZIP_SOURCE_STAT:
+      return source->stat(data, length);
+    case ZIP_SOURCE_GET_FILE_ATTRIBUTES:
+      return source->attributes(data, length);
+    case ZIP_SOURCE_ERROR:
+      return zip_error_to_data(&source->error_, data, length);
+    case ZIP_SOURCE_FREE:
+      delete source;
+      return 0;
+    case ZIP_SOURCE_SUPPORTS:
+      return zip_source_make_command_bitmap(
+          ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR,
+          ZIP_SOURCE_FREE, ZIP_SOURCE_SUPPORTS, ZIP_SOURCE_GET_FILE_ATTRIBUTES, -1);
+    default:
+      return source->fail(ZIP_ER_OPNOTSUPP, 0);
+  }
+}
+
+zip_int64_t ParallelDeflateSource::fail(int zipError, int systemError) {
+  zip_error_set(&error_, zipError, systemError);
+  return -1;
+}
+
+void ParallelDeflateSource::submit() {
+  const zip_uint64_t offset = submitted_;
+  const zip_uint64_t length = std::min(kBlockSize, size_ - offset);
+  submitted_ += length;
+  allSubmitted_ = submitted_ == size_;
+  auto task = std::make_shared<std::packaged_task<Block()>>(
+      [file = file_, offset, length, last = allSubmitted_, level = level_] {
+        return deflateBlock(*file, offset, length, last, level);
+      });
+  pending_.push_back(task->get_future());
+  boost::asio::post(workers_.pool(), [task] { (*task)(); });
+}
+
+void ParallelDeflateSource::deflateAhead() {
+  while (!allSubmitted_ && workers_.reserve()) submit();
+}
+
+bool ParallelDeflateSource::finished() const {
+  return allSubmitted_ && pending_.empty() && currentOffset_ == current_.data.size();
+}
+
+zip_int64_t ParallelDeflateSource::open() {
+  // libzip reads a new entry's data once; a second reading would find the
+  // blocks gone.
+  if (opened_) return fail(ZIP_ER_INTERNAL, 0);
+  opened_ = true;
+  return 0;
+}
+
+zip_int64_t ParallelDeflateSource::read(void* data, zip_uint64_t length) {
+  auto* out = static_cast<unsigned char*>(data);
+  zip_uint64_t done = 0;
+  while (done < length) {
+    if (currentOffset_ == current_.data.size()) {
+      if (pending_.empty()) {
+        if (allSubmitted_) break;
+        workers_.reserveAnyway();
+        submit();
+      }
+      current_ = pending_.front().get();
+      pending_.pop_front();
+      workers_.release(1);
+      currentOffset_ = 0;
+      if (current_.zipError != ZIP_ER_OK) return fail(current_.zipError, current_.systemError);
+      crc_ = crc32_combine(crc_, current_.crc, static_cast<z_off_t>(current_.plainSize));
+      compressedSize_ += current_.data.size();
+      deflateAhead();
+    }
+    const std::size_t count =
+        std::min<std::size_t>(length - done, current_.data.size() - currentOffset_);
+    std::memcpy(out + done, current_.data.data() + currentOffset_, count);
+    currentOffset_ += count;
+    done += count;
+  }
+  return static_cast<zip_int64_t>(done);
+}
+
+zip_int64_t ParallelDeflateSource::stat(void* data, zip_uint64_t length) {
+  auto* status = ZIP_SOURCE_GET_ARGS(zip_stat_t, data, length, &error_);
+  if (status == nullptr) return -1;
+  zip_stat_init(status);
+  status->size = size_;
+  status->comp_method = ZIP_CM_DEFLATE;
+  status->valid |= ZIP_STAT_SIZE | ZIP_STAT_COMP_METHOD;
+  if (finished()) {
+    status->crc = static_cast<zip_uint32_t>(crc_);
+    status->comp_size = compressedSize_;
+    status->valid |= ZIP_STAT_CRC | ZIP_STAT_COMP_SIZE;
+  }
+  return sizeof(zip_stat_t);
+}
+
+zip_int64_t ParallelDeflateSource::attributes(void* data, zip_uint64_t length) {
+  auto* attributes = ZIP_SOURCE_GET_ARGS(zip_file_attributes_t, data, length, &error_);
+  if (attributes == nullptr) return -1;
+  // As libzip records a file it reads itself: a Unix file with its mode, and
+  // the deflate speed in the flag bits as zip tools show it.
+  attributes->valid |= ZIP_FILE_ATTRIBUTES_HOST_SYSTEM |
+                       ZIP_FILE_ATTRIBUTES_EXTERNAL_FILE_ATTRIBUTES |
+                       ZIP_FILE_ATTRIBUTES_GENERAL_PURPOSE_BIT_FLAGS;
+  attributes->host_system = ZIP_OPSYS_UNIX;
+  attributes->external_file_attributes = static_cast<zip_uint32_t>(mode_) << 16;
+  constexpr zip_uint16_t kMaximum = 0x0002;
+  constexpr zip_uint16_t kFast = 0x0004;
+  attributes->general_purpose_bit_flags = level_ >= 9 ? kMaximum : level_ <= 2 ? kFast : 0;
+  attributes->general_purpose_bit_mask = kMaximum | kFast;
+  return 0;
+}
+
+ParallelDeflateSource::Block ParallelDeflateSource::deflateBlock(const OpenFile& file,
+                                                                 zip_uint64_t offset,
+                                                                 zip_uint64_t length, bool last,
+                                                                 int zlibLevel) {
+  Block block;
+  block.plainSize = length;
+  const zip_uint64_t dictionary = std::min(offset, kDictionarySize);
+  std::vector<unsigned char> plain(dictionary + length);
+  if (!file.readAt(plain.data(), plain.size(), offset - dictionary)) {
+    block.zipError = errno != 0 ? ZIP_ER_READ : ZIP_ER_CHANGED;
+    block.systemError = errno;
+    return block;
+  }
+  block.crc = crc32(0, plain.data() + dictionary, static_cast<uInt>(length));
+
+  z_stream stream{};
+  int result = deflateInit2(&stream, zlibLevel, Z_DEFLATED, kRawWindowBits, kMemoryLevel,
+                            Z_DEFAULT_STRATEGY);
+  if (result == Z_OK && dictionary > 0) {
+    result = deflateSetDictionary(&stream, plain.data(), static_cast<uInt>(dictionary));
+  }
+  if (result != Z_OK) {
+    block.zipError = ZIP_ER_ZLIB;
+    block.systemError = result;
+    if (result != Z_MEM_ERROR) deflateEnd(&stream);
+    return block;
+  }
+  // A sync flush ends every block but the last on a byte boundary, with an
+  // empty stored block that leaves the stream open for the next one.
+  const int flush = last ? Z_FINISH : Z_SYNC_FLUSH;
+  stream.next_in = plain.data() + dictionary;
+  stream.avail_in = static_cast<uInt>(length);
+  block.data.resize(deflateBound(&stream, static_cast<uLong>(length)) + 16);
+  while (true) {
+    stream.next_out = block.data.data() + stream.total_out;
+    stream.avail_out = static_cast<uInt>(block.data.size() - stream.total_out);
+    result = deflate(&stream, flush);
+    const bool finished = last ? result == Z_STREAM_END : stream.avail_out > 0;
+    if (finished || (result != Z_OK && result != Z_BUF_ERROR)) break;
+    block.data.resize(block.data.size() * 2);
+  }
+  block.data.resize(stream.total_out);
+  deflateEnd(&stream);
+  if (result != Z_OK && result != Z_STREAM_END) {
+    block.zipError = ZIP_ER_ZLIB;
+    block.systemError = result;
+  }
+  return block;
+}
+
+}  // namespace orlo::tools::powershell

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <sys/types.h>
+#include <zip.h>
+#include <zlib.h>
+
+#include <deque>
+#include <filesystem>
+#include <future>
+#include <memory>
+#include <vector>
+
+#include "DeflateWorkers.h"
+
+namespace orlo::tools::powershell {
+
+// A file's contents as one raw deflate stream, deflated a block at a time on
+// the worker threads, starting as soon as the source exists so that the
+// deflating overlaps libzip's copying of the entries before it. Each block is
+// deflated with the 32 KiB before it as its dictionary and ends on a byte
+// boundary, so the blocks join into one stream that any inflater reads, within
+// a fraction of a percent of the size of a stream deflated in one go. libzip
+// takes the data as already compressed, with the CRC and sizes this source
+// reports, and stores it as it is.
+class ParallelDeflateSource {
+ public:
+  // The unit of work for a thread; files up to this size gain nothing from
+  // threads.
+  static constexpr zip_uint64_t kBlockSize = 128 << 10;
+
+  // A source on the file for the archive, or nullptr with the archive's error
+  // set. zlibLevel is 1 to 9. An empty file gets libzip's own file source.
+  static zip_source_t* create(zip_t* archive, const std::filesystem::path& file, int zlibLevel,
+                              DeflateWorkers& workers);
+  ~ParallelDeflateSource();
+  ParallelDeflateSource(const ParallelDeflateSource&) = delete;
+  ParallelDeflateSource& operator=(const ParallelDeflateSource&) = delete;
+
+ private:
+  struct OpenFile;
+  struct Block {
+    std::vector<unsigned char> data;  // the deflated bytes
+    uLong crc = 0;                    // CRC-32 of the block's plain bytes
+    zip_uint64_t plainSize = 0;
+    int zipError = ZIP_ER_OK;
+    int systemError = 0;
+  };
+
+  static Block deflateBlock(const OpenFile& file, zip_uint64_t offset, zip_uint64_t length,
+                            bool last, int zlibLevel);
+
+  ParallelDeflateSource(std::shared_ptr<const OpenFile> file, zip_uint64_t size, int zlibLevel,
+                        DeflateWorkers& workers);
+  static zip_int64_t dispatch(void* self, void* data, zip_uint64_t length,
+                              zip_source_cmd_t command);
+  zip_int64_t fail(int zipError, int systemError);
+  void submit();
+  void deflateAhead();
+  bool finished() const;
+  zip_int64_t open();
+  zip_int64_t read(void* data, zip_uint64_t length);
+  zip_int64_t stat(void* data, zip_uint64_t length);
+  zip_int64_t attributes(void* data, zip_uint64_t length);
+
+  std::shared_ptr<const OpenFile> file_;  // shared with the blocks under way
+  zip_uint64_t size_;
+  int level_;
+  mode_t mode_;
+  DeflateWorkers& workers_;
+  zip_error_t error_;
+  std::deque<std::future<Block>> pending_;  // submitted in file order
+  zip_uint64_t submitted_ = 0;              // plain bytes handed to the workers
+  bool allSubmitted_ = false;
+  bool opened_ = false;
+  Block current_;  // the block being read out
+  std::size_t currentOffset_ = 0;
+  uLong crc_ = 0;  // of the blocks read out so far
+  zip_uint64_t compressedSize_ = 0;
+};
+
+}  // namespace orlo::tools::powershell
