@@ -19,5 +19,5 @@ run_suite build -DCMAKE_BUILD_TYPE=RelWithDebInfo
 echo "== sanitizer build (address, undefined) =="
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
   run_suite build-asan -DCMAKE_BUILD_TYPE=Debug -DORLO_SANITIZE=ON
-echo "== fuzz targets, 15 seconds each =="
-bash scripts/fuzz.sh 15
+echo "== fuzz targets, 30 seconds each =="
+bash scripts/fuzz.sh 30
