@@ -11,38 +11,11 @@
 
 namespace orlo::tools::powershell {
 
-namespace {
-
-// The most a deflate match reaches back.
-constexpr zip_uint64_t kDictionarySize = 32 << 10;
-// Raw deflate: libzip writes the stream without a zlib header.
-constexpr int kRawWindowBits = -15;
-constexpr int kMemoryLevel = 8;
-
-}  // namespace
-
 struct ParallelDeflateSource::OpenFile {
   explicit OpenFile(int descriptor) : descriptor(descriptor) {}
   ~OpenFile() { close(descriptor); }
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
-
-  // Reads exactly bytes.size() bytes at offset; false with errno set, or with
-  // errno 0 when the file has become shorter.
-  bool readAt(unsigned char* into, zip_uint64_t length, zip_uint64_t offset) const {
-    zip_uint64_t done = 0;
-    while (done < length) {
-      const ssize_t got =
-          pread(descriptor, into + done, length - done, static_cast<off_t>(offset + done));
-      if (got < 0 && errno == EINTR) continue;
-      if (got <= 0) {
-        if (got == 0) errno = 0;
-        return false;
-      }
-      done += static_cast<zip_uint64_t>(got);
-    }
-    return true;
-  }
 
   int descriptor;
 };
@@ -125,9 +98,10 @@ void ParallelDeflateSource::submit() {
   const zip_uint64_t length = std::min(kBlockSize, size_ - offset);
   submitted_ += length;
   allSubmitted_ = submitted_ == size_;
-  auto task = std::make_shared<std::packaged_task<Block()>>(
+  auto task = std::make_shared<std::packaged_task<DeflatedBlock()>>(
       [file = file_, offset, length, last = allSubmitted_, level = level_] {
-        return deflateBlock(*file, offset, length, last, level);
+        thread_local BlockDeflater deflater;
+        return deflater.deflate(file->descriptor, offset, length, last, level);
       });
   pending_.push_back(task->get_future());
   boost::asio::post(workers_.pool(), [task] { (*task)(); });
@@ -207,56 +181,6 @@ zip_int64_t ParallelDeflateSource::attributes(void* data, zip_uint64_t length) {
   attributes->general_purpose_bit_flags = level_ >= 9 ? kMaximum : level_ <= 2 ? kFast : 0;
   attributes->general_purpose_bit_mask = kMaximum | kFast;
   return 0;
-}
-
-ParallelDeflateSource::Block ParallelDeflateSource::deflateBlock(const OpenFile& file,
-                                                                 zip_uint64_t offset,
-                                                                 zip_uint64_t length, bool last,
-                                                                 int zlibLevel) {
-  Block block;
-  block.plainSize = length;
-  const zip_uint64_t dictionary = std::min(offset, kDictionarySize);
-  std::vector<unsigned char> plain(dictionary + length);
-  if (!file.readAt(plain.data(), plain.size(), offset - dictionary)) {
-    block.zipError = errno != 0 ? ZIP_ER_READ : ZIP_ER_CHANGED;
-    block.systemError = errno;
-    return block;
-  }
-  block.crc = crc32(0, plain.data() + dictionary, static_cast<uInt>(length));
-
-  z_stream stream{};
-  int result = deflateInit2(&stream, zlibLevel, Z_DEFLATED, kRawWindowBits, kMemoryLevel,
-                            Z_DEFAULT_STRATEGY);
-  if (result == Z_OK && dictionary > 0) {
-    result = deflateSetDictionary(&stream, plain.data(), static_cast<uInt>(dictionary));
-  }
-  if (result != Z_OK) {
-    block.zipError = ZIP_ER_ZLIB;
-    block.systemError = result;
-    if (result != Z_MEM_ERROR) deflateEnd(&stream);
-    return block;
-  }
-  // A sync flush ends every block but the last on a byte boundary, with an
-  // empty stored block that leaves the stream open for the next one.
-  const int flush = last ? Z_FINISH : Z_SYNC_FLUSH;
-  stream.next_in = plain.data() + dictionary;
-  stream.avail_in = static_cast<uInt>(length);
-  block.data.resize(deflateBound(&stream, static_cast<uLong>(length)) + 16);
-  while (true) {
-    stream.next_out = block.data.data() + stream.total_out;
-    stream.avail_out = static_cast<uInt>(block.data.size() - stream.total_out);
-    result = deflate(&stream, flush);
-    const bool finished = last ? result == Z_STREAM_END : stream.avail_out > 0;
-    if (finished || (result != Z_OK && result != Z_BUF_ERROR)) break;
-    block.data.resize(block.data.size() * 2);
-  }
-  block.data.resize(stream.total_out);
-  deflateEnd(&stream);
-  if (result != Z_OK && result != Z_STREAM_END) {
-    block.zipError = ZIP_ER_ZLIB;
-    block.systemError = result;
-  }
-  return block;
 }
 
 }  // namespace orlo::tools::powershell

@@ -2,7 +2,6 @@
 
 #include <sys/types.h>
 #include <zip.h>
-#include <zlib.h>
 
 #include <deque>
 #include <filesystem>
@@ -10,18 +9,17 @@
 #include <memory>
 #include <vector>
 
+#include "BlockDeflater.h"
 #include "DeflateWorkers.h"
 
 namespace orlo::tools::powershell {
 
 // A file's contents as one raw deflate stream, deflated a block at a time on
-// the worker threads, starting as soon as the source exists so that the
-// deflating overlaps libzip's copying of the entries before it. Each block is
-// deflated with the 32 KiB before it as its dictionary and ends on a byte
-// boundary, so the blocks join into one stream that any inflater reads, within
-// a fraction of a percent of the size of a stream deflated in one go. libzip
-// takes the data as already compressed, with the CRC and sizes this source
-// reports, and stores it as it is.
+// the worker threads (see BlockDeflater), starting as soon as the source exists
+// so that the deflating overlaps libzip's copying of the entries before it. The
+// stream is within a fraction of a percent of the size of one deflated in one
+// go. libzip takes the data as already compressed, with the CRC and sizes this
+// source reports, and stores it as it is.
 class ParallelDeflateSource {
  public:
   // The unit of work for a thread; files up to this size gain nothing from
@@ -38,16 +36,6 @@ class ParallelDeflateSource {
 
  private:
   struct OpenFile;
-  struct Block {
-    std::vector<unsigned char> data;  // the deflated bytes
-    uLong crc = 0;                    // CRC-32 of the block's plain bytes
-    zip_uint64_t plainSize = 0;
-    int zipError = ZIP_ER_OK;
-    int systemError = 0;
-  };
-
-  static Block deflateBlock(const OpenFile& file, zip_uint64_t offset, zip_uint64_t length,
-                            bool last, int zlibLevel);
 
   ParallelDeflateSource(std::shared_ptr<const OpenFile> file, zip_uint64_t size, int zlibLevel,
                         DeflateWorkers& workers);
@@ -68,11 +56,11 @@ class ParallelDeflateSource {
   mode_t mode_;
   DeflateWorkers& workers_;
   zip_error_t error_;
-  std::deque<std::future<Block>> pending_;  // submitted in file order
-  zip_uint64_t submitted_ = 0;              // plain bytes handed to the workers
+  std::deque<std::future<DeflatedBlock>> pending_;  // submitted in file order
+  zip_uint64_t submitted_ = 0;                      // plain bytes handed to the workers
   bool allSubmitted_ = false;
   bool opened_ = false;
-  Block current_;  // the block being read out
+  DeflatedBlock current_;  // the block being read out
   std::size_t currentOffset_ = 0;
   uLong crc_ = 0;  // of the blocks read out so far
   zip_uint64_t compressedSize_ = 0;
