@@ -14,9 +14,6 @@ namespace {
 
 constexpr std::size_t kOutputBuffer = 1 << 18;
 constexpr std::size_t kInputBuffer = 1 << 18;
-// Writeback of the new archive starts every this many bytes, so that by the
-// final flush most of it is on disk already and the copying overlaps the disk.
-constexpr zip_uint64_t kWritebackStep = 8 << 20;
 
 }  // namespace
 
@@ -195,18 +192,7 @@ zip_int64_t DurableArchiveFile::beginWrite() {
 
 zip_int64_t DurableArchiveFile::write(const void* data, zip_uint64_t length) {
   if (std::fwrite(data, 1, length, output_) != length) return fail(ZIP_ER_WRITE, errno);
-  unflushed_ += length;
-  if (unflushed_ >= kWritebackStep && !startWriteback()) return fail(ZIP_ER_WRITE, errno);
   return static_cast<zip_int64_t>(length);
-}
-
-bool DurableArchiveFile::startWriteback() {
-  unflushed_ = 0;
-  if (std::fflush(output_) != 0) return false;
-  // Only a head start for the flush at commit, which still makes sure every
-  // byte reached the disk; a refusal here is left to that flush to report.
-  sync_file_range(fileno(output_), 0, 0, SYNC_FILE_RANGE_WRITE);
-  return true;
 }
 
 zip_int64_t DurableArchiveFile::seekWrite(void* data, zip_uint64_t length) {

@@ -30,7 +30,6 @@ class DurableArchiveFile {
                               zip_source_cmd_t command);
   zip_int64_t fail(int zipError, int systemError);
   zip_int64_t readAhead(zip_uint64_t offset);
-  bool startWriteback();
 
   bool haveInput();
   zip_int64_t openForReading();
@@ -58,7 +57,6 @@ class DurableArchiveFile {
   std::FILE* output_ = nullptr;     // the temporary file while writing
   std::vector<char> outputBuffer_;  // output_'s buffer; stdio sizes only one it is given
   std::string temporary_;
-  zip_uint64_t unflushed_ = 0;  // bytes written since writeback was last started
 };
 
 }  // namespace orlo::tools::powershell
