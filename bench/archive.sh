@@ -6,15 +6,8 @@
 # Work files go to a fresh folder under ${TMPDIR:-/tmp}; a 1 GiB size needs about 3.5 GiB.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bash scripts/setup.sh
-
+bash scripts/build-release.sh
 build=build-bench
-launcher=()
-command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DORLO_BENCH=ON -DORLO_TESTS=OFF \
-  "${launcher[@]}" >/dev/null
-cmake --build "$build" -j "$(nproc)" >/dev/null
-cmake --install "$build" --prefix "$build/install" >/dev/null
 
 [ $# -gt 0 ] || set -- 1 64 1024
 python3 bench/archive_times.py "$build/install" "$@"

@@ -13,15 +13,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 kills=${1:-100}
 updates=${2:-1000}
-bash scripts/setup.sh
-
+bash scripts/build-release.sh
 build=build-bench
-launcher=()
-command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DORLO_BENCH=ON -DORLO_TESTS=OFF \
-  "${launcher[@]}" >/dev/null
-cmake --build "$build" -j "$(nproc)" >/dev/null
-cmake --install "$build" --prefix "$build/install" >/dev/null
 orlo=$PWD/$build/install/bin/orlo
 check="python3 $PWD/scripts/archive_check.py"
 
