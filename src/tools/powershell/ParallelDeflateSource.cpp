@@ -11,6 +11,13 @@
 
 namespace orlo::tools::powershell {
 
+namespace {
+
+// The unit of work for a thread.
+constexpr zip_uint64_t kBlockSize = 128 << 10;
+
+}  // namespace
+
 struct ParallelDeflateSource::OpenFile {
   explicit OpenFile(int descriptor) : descriptor(descriptor) {}
   ~OpenFile() { close(descriptor); }
@@ -34,10 +41,9 @@ zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesyste
     close(descriptor);
     return zip_source_file(archive, file.c_str(), 0, -1);
   }
-  auto* self =
-      new ParallelDeflateSource(std::make_shared<const OpenFile>(descriptor),
-                                static_cast<zip_uint64_t>(status.st_size), zlibLevel, workers);
-  self->mode_ = status.st_mode;
+  auto* self = new ParallelDeflateSource(std::make_shared<const OpenFile>(descriptor),
+                                         static_cast<zip_uint64_t>(status.st_size), status.st_mode,
+                                         zlibLevel, workers);
   zip_source_t* source = zip_source_function(archive, &ParallelDeflateSource::dispatch, self);
   if (source == nullptr) {
     delete self;
@@ -48,9 +54,9 @@ zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesyste
 }
 
 ParallelDeflateSource::ParallelDeflateSource(std::shared_ptr<const OpenFile> file,
-                                             zip_uint64_t size, int zlibLevel,
+                                             zip_uint64_t size, mode_t mode, int zlibLevel,
                                              DeflateWorkers& workers)
-    : file_(std::move(file)), size_(size), level_(zlibLevel), mode_(0), workers_(workers) {
+    : file_(std::move(file)), size_(size), mode_(mode), level_(zlibLevel), workers_(workers) {
   zip_error_init(&error_);
 }
 

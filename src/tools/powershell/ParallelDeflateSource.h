@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <future>
 #include <memory>
-#include <vector>
 
 #include "BlockDeflater.h"
 #include "DeflateWorkers.h"
@@ -22,10 +21,6 @@ namespace orlo::tools::powershell {
 // source reports, and stores it as it is.
 class ParallelDeflateSource {
  public:
-  // The unit of work for a thread; files up to this size gain nothing from
-  // threads.
-  static constexpr zip_uint64_t kBlockSize = 128 << 10;
-
   // A source on the file for the archive, or nullptr with the archive's error
   // set. zlibLevel is 1 to 9. An empty file gets libzip's own file source.
   static zip_source_t* create(zip_t* archive, const std::filesystem::path& file, int zlibLevel,
@@ -37,8 +32,8 @@ class ParallelDeflateSource {
  private:
   struct OpenFile;
 
-  ParallelDeflateSource(std::shared_ptr<const OpenFile> file, zip_uint64_t size, int zlibLevel,
-                        DeflateWorkers& workers);
+  ParallelDeflateSource(std::shared_ptr<const OpenFile> file, zip_uint64_t size, mode_t mode,
+                        int zlibLevel, DeflateWorkers& workers);
   static zip_int64_t dispatch(void* self, void* data, zip_uint64_t length,
                               zip_source_cmd_t command);
   zip_int64_t fail(int zipError, int systemError);
@@ -52,8 +47,8 @@ class ParallelDeflateSource {
 
   std::shared_ptr<const OpenFile> file_;  // shared with the blocks under way
   zip_uint64_t size_;
-  int level_;
   mode_t mode_;
+  int level_;
   DeflateWorkers& workers_;
   zip_error_t error_;
   std::deque<std::future<DeflatedBlock>> pending_;  // submitted in file order
