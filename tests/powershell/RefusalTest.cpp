@@ -27,6 +27,7 @@ TEST_F(ProviderTest, RefusalsNameTheirReasonAndLeaveEverythingAsItWas) {
   for (const char* folder : {"D", "S", "L"}) writeBytes(dir / folder / "a.txt", "a");
   mkfifo((dir / "D/fifo").c_str(), 0644);
   mkfifo((dir / "S/fifo").c_str(), 0644);
+  mkfifo((dir / "pipe.zip").c_str(), 0644);
   fs::create_symlink("missing", dir / "L/dangling");
   fs::create_directories(dir / "E/.only-hidden");
   int hostile = 0;
@@ -60,7 +61,7 @@ TEST_F(ProviderTest, RefusalsNameTheirReasonAndLeaveEverythingAsItWas) {
     EXPECT_EQ(snapshot(dir), before);
     ++count;
   }
-  EXPECT_EQ(count, 28);
+  EXPECT_EQ(count, 29);
 }
 
 }  // namespace

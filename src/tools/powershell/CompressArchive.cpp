@@ -1,8 +1,10 @@
 #include "CompressArchive.h"
 
+#include "ArchiveLock.h"
 #include "ArchiveUpdater.h"
 #include "Destination.h"
 #include "EntryCollector.h"
+#include "Interruption.h"
 #include "Messages.h"
 #include "SourceResolver.h"
 
@@ -12,7 +14,9 @@ Error compressArchive(const CompressArchiveRequest& request) {
   std::vector<ResolvedSource> sources;
   if (Error error = resolveSources(request, sources)) return error;
   ArchiveTarget target;
-  if (Error error = resolveDestination(request, target)) return error;
+  ArchiveLock lock;
+  if (Error error = lock.acquire(request, target)) return error;
+  interruption::name(target.shownName);
 
   EntryCollector collector(target);
   for (const ResolvedSource& source : sources) {

@@ -1,7 +1,10 @@
 #include "Destination.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include "Messages.h"
 
@@ -21,12 +24,13 @@ bool hasExtension(const std::string& name) {
   return inLastComponent && dot + 1 < name.size();
 }
 
-// The read-only attribute as it is seen on this system: the archive's write
-// permission for the class of user (owner, group, others) we belong to.
-bool isReadOnly(const struct stat& status) {
-  if (status.st_uid == geteuid()) return (status.st_mode & S_IWUSR) == 0;
-  if (status.st_gid == getegid()) return (status.st_mode & S_IWGRP) == 0;
-  return (status.st_mode & S_IWOTH) == 0;
+// The read-only attribute as it is seen on this system: a file that nobody may
+// write, or one that the file system would not let this user write (root may
+// write a file of another user; nobody writes on a read-only mount).
+bool isReadOnly(const std::string& path, const struct stat& status) {
+  if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return true;
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 &&
+         (errno == EACCES || errno == EPERM || errno == EROFS);
 }
 
 }  // namespace
@@ -45,8 +49,11 @@ Error resolveDestination(const CompressArchiveRequest& request, ArchiveTarget& t
     return std::nullopt;
   }
   if (S_ISDIR(status.st_mode)) return messages::archiveIsFolder(target.shownName);
+  if (!S_ISREG(status.st_mode)) return messages::archiveNotAFile(target.shownName);
   if (!request.update && !request.force) return messages::archiveExists(target.shownName);
-  if (request.update && isReadOnly(status)) return messages::archiveReadOnly(target.shownName);
+  if (request.update && isReadOnly(target.shownName, status)) {
+    return messages::archiveReadOnly(target.shownName);
+  }
   std::error_code unresolved;
   target.file = fs::canonical(target.shownName, unresolved);
   if (unresolved) return messages::pathNotFound(target.shownName);

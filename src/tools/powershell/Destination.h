@@ -20,7 +20,8 @@ struct ArchiveTarget {
 };
 
 // Applies the destination rules: ".zip" is appended to a name without an
-// extension; an existing archive is an error unless -Update or -Force is
+// extension; an existing archive must be a regular file (a folder, a device or
+// a pipe is refused, never opened) and is an error unless -Update or -Force is
 // given, and -Update refuses an archive that is read-only for this user.
 Error resolveDestination(const CompressArchiveRequest& request, ArchiveTarget& target);
 

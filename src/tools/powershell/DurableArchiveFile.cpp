@@ -1,12 +1,17 @@
 #include "DurableArchiveFile.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+
+#include "Interruption.h"
+#include "TemporaryArchive.h"
 
 namespace orlo::tools::powershell {
 
@@ -52,6 +57,8 @@ zip_int64_t DurableArchiveFile::dispatch(void* self, void* data, zip_uint64_t le
       return static_cast<zip_int64_t>(file.inputOffset_);
     case ZIP_SOURCE_BEGIN_WRITE:
       return file.beginWrite();
+    case ZIP_SOURCE_BEGIN_WRITE_CLONING:
+      return file.beginWriteCloning(length);
     case ZIP_SOURCE_WRITE:
       return file.write(data, length);
     case ZIP_SOURCE_SEEK_WRITE:
@@ -72,9 +79,9 @@ zip_int64_t DurableArchiveFile::dispatch(void* self, void* data, zip_uint64_t le
       return zip_source_make_command_bitmap(
           ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR,
           ZIP_SOURCE_FREE, ZIP_SOURCE_SEEK, ZIP_SOURCE_TELL, ZIP_SOURCE_SUPPORTS,
-          ZIP_SOURCE_BEGIN_WRITE, ZIP_SOURCE_WRITE, ZIP_SOURCE_SEEK_WRITE, ZIP_SOURCE_TELL_WRITE,
-          ZIP_SOURCE_COMMIT_WRITE, ZIP_SOURCE_ROLLBACK_WRITE, ZIP_SOURCE_REMOVE,
-          ZIP_SOURCE_ACCEPT_EMPTY, -1);
+          ZIP_SOURCE_BEGIN_WRITE, ZIP_SOURCE_BEGIN_WRITE_CLONING, ZIP_SOURCE_WRITE,
+          ZIP_SOURCE_SEEK_WRITE, ZIP_SOURCE_TELL_WRITE, ZIP_SOURCE_COMMIT_WRITE,
+          ZIP_SOURCE_ROLLBACK_WRITE, ZIP_SOURCE_REMOVE, ZIP_SOURCE_ACCEPT_EMPTY, -1);
     default:
       return file.fail(ZIP_ER_OPNOTSUPP, 0);
   }
@@ -99,6 +106,8 @@ bool DurableArchiveFile::haveInput() {
   }
   inputSize_ = static_cast<zip_uint64_t>(status.st_size);
   inputMode_ = status.st_mode & 07777;
+  inputOwner_ = status.st_uid;
+  inputGroup_ = status.st_gid;
   return true;
 }
 
@@ -163,23 +172,106 @@ zip_int64_t DurableArchiveFile::seek(void* data, zip_uint64_t length) {
 }
 
 zip_int64_t DurableArchiveFile::beginWrite() {
-  temporary_ = file_.string() + ".XXXXXX";
-  const int descriptor = mkostemp(temporary_.data(), O_CLOEXEC);
-  if (descriptor < 0) return fail(ZIP_ER_TMPOPEN, errno);
+  int descriptor = -1;
+  if (createTemporary(descriptor) < 0) return -1;
+  return startOutput(descriptor);
+}
 
-  // The new archive keeps the old one's permissions; a first archive gets
-  // those of any new file.
+zip_int64_t DurableArchiveFile::beginWriteCloning(zip_uint64_t length) {
+  int descriptor = -1;
+  if (createTemporary(descriptor) < 0) return -1;
+  const int problem = cloneStart(descriptor, length);
+  if (problem == 0 && lseek(descriptor, static_cast<off_t>(length), SEEK_SET) >= 0) {
+    return startOutput(descriptor);
+  }
+  close(descriptor);
+  unlink(temporary_.c_str());
+  interruption::removeOnSignal("");
+  return fail(ZIP_ER_WRITE, problem != 0 ? problem : errno);
+}
+
+zip_int64_t DurableArchiveFile::createTemporary(int& descriptor) {
+  temporary_ = temporary_archive::templateFor(file_);
+  // Named for removal before it exists, so that no signal can leave it behind.
+  interruption::removeOnSignal(temporary_);
+  descriptor = mkostemp(temporary_.data(), O_CLOEXEC);
+  if (descriptor < 0) {
+    const int problem = errno;
+    interruption::removeOnSignal("");
+    return fail(ZIP_ER_TMPOPEN, problem);
+  }
+  interruption::removeOnSignal(temporary_);
+
+  // The new archive keeps the old one's owner, group and permissions; a first
+  // archive gets those of any new file. Only root may give a file away; others
+  // keep at least the group where they belong to it. The mode goes last, as a
+  // change of owner clears the set-id bits.
   mode_t mode = inputMode_;
-  if (input_ < 0) {
+  if (input_ >= 0) {
+    if (fchown(descriptor, inputOwner_, inputGroup_) != 0) {
+      [[maybe_unused]] const int ignored = fchown(descriptor, static_cast<uid_t>(-1), inputGroup_);
+    }
+  } else {
     const mode_t mask = umask(0);
     umask(mask);
     mode = 0666 & ~mask;
   }
-  output_ = fchmod(descriptor, mode) == 0 ? fdopen(descriptor, "wb") : nullptr;
+  if (fchmod(descriptor, mode) != 0) {
+    const int problem = errno;
+    close(descriptor);
+    unlink(temporary_.c_str());
+    interruption::removeOnSignal("");
+    return fail(ZIP_ER_TMPOPEN, problem);
+  }
+  return 0;
+}
+
+// Puts the first `length` bytes of the old archive into the empty temporary
+// file: a clone of the whole file cut to length where the file system shares
+// extents, else the kernel's copy, else a plain one. Returns an errno, 0 when
+// done.
+int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
+  if (!haveInput()) return errno;
+  if (ioctl(descriptor, FICLONE, input_) == 0) {
+    return ftruncate(descriptor, static_cast<off_t>(length)) == 0 ? 0 : errno;
+  }
+  loff_t from = 0;
+  loff_t to = 0;
+  bool kernelCopies = true;
+  while (static_cast<zip_uint64_t>(to) < length) {
+    const std::size_t left = static_cast<std::size_t>(length - static_cast<zip_uint64_t>(to));
+    ssize_t done = -1;
+    if (kernelCopies) {
+      done = copy_file_range(input_, &from, descriptor, &to, left, 0);
+      if (done < 0 && to == 0 &&
+          (errno == EXDEV || errno == ENOSYS || errno == EOPNOTSUPP || errno == EINVAL)) {
+        kernelCopies = false;
+        continue;
+      }
+    } else {
+      inputBuffer_.resize(kInputBuffer);
+      done = pread(input_, inputBuffer_.data(), std::min(left, inputBuffer_.size()), from);
+      if (done > 0) done = pwrite(descriptor, inputBuffer_.data(), static_cast<size_t>(done), to);
+      if (done > 0) {
+        from += done;
+        to += done;
+      }
+      bufferLength_ = 0;  // the read-ahead block no longer holds file data
+    }
+    if (done < 0 && errno == EINTR) continue;
+    if (done < 0) return errno;
+    if (done == 0) return EIO;  // the archive is shorter than libzip found it
+  }
+  return 0;
+}
+
+zip_int64_t DurableArchiveFile::startOutput(int descriptor) {
+  output_ = fdopen(descriptor, "wb");
   if (output_ == nullptr) {
     const int problem = errno;
     close(descriptor);
     unlink(temporary_.c_str());
+    interruption::removeOnSignal("");
     return fail(ZIP_ER_TMPOPEN, problem);
   }
   // libzip writes in small pieces; a larger buffer saves most of the system
@@ -213,6 +305,9 @@ zip_int64_t DurableArchiveFile::commitWrite() {
   if (std::fflush(output_) != 0 || fsync(fileno(output_)) != 0) problem = errno;
   if (std::fclose(output_) != 0 && problem == 0) problem = errno;
   output_ = nullptr;
+  // From the rename on, the new archive is the archive: a signal no longer
+  // undoes the run.
+  if (problem == 0) interruption::commit();
   if (problem == 0 && rename(temporary_.c_str(), file_.c_str()) != 0) problem = errno;
   if (problem != 0) {
     unlink(temporary_.c_str());
@@ -231,6 +326,7 @@ void DurableArchiveFile::rollbackWrite() {
   std::fclose(output_);
   output_ = nullptr;
   unlink(temporary_.c_str());
+  interruption::removeOnSignal("");
 }
 
 }  // namespace orlo::tools::powershell

@@ -15,6 +15,13 @@ namespace orlo::tools::powershell {
 // folder is flushed too, so that a crash at any instant leaves either the old
 // archive or the new one. libzip's own file source renames without flushing.
 // It refuses to remove the archive: an update never deletes it.
+//
+// When libzip keeps the start of the old archive as it is (all of it up to the
+// first entry it changes, which for an update that only adds is every entry),
+// that part is cloned into the temporary file rather than written again: on a
+// file system that shares extents the kernel only links them, elsewhere it
+// copies them itself. The new archive keeps the old one's owner, group and
+// mode.
 class DurableArchiveFile {
  public:
   explicit DurableArchiveFile(std::filesystem::path file);
@@ -37,6 +44,10 @@ class DurableArchiveFile {
   zip_int64_t read(void* data, zip_uint64_t length);
   zip_int64_t seek(void* data, zip_uint64_t length);
   zip_int64_t beginWrite();
+  zip_int64_t beginWriteCloning(zip_uint64_t length);
+  zip_int64_t createTemporary(int& descriptor);
+  int cloneStart(int descriptor, zip_uint64_t length);
+  zip_int64_t startOutput(int descriptor);
   zip_int64_t write(const void* data, zip_uint64_t length);
   zip_int64_t seekWrite(void* data, zip_uint64_t length);
   zip_int64_t tellWrite();
@@ -54,6 +65,8 @@ class DurableArchiveFile {
   zip_uint64_t bufferStart_ = 0;   // where in the file inputBuffer_ begins
   zip_uint64_t bufferLength_ = 0;  // how much of inputBuffer_ holds file data
   mode_t inputMode_ = 0;
+  uid_t inputOwner_ = 0;
+  gid_t inputGroup_ = 0;
   std::FILE* output_ = nullptr;     // the temporary file while writing
   std::vector<char> outputBuffer_;  // output_'s buffer; stdio sizes only one it is given
   std::string temporary_;

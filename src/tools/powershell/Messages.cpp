@@ -149,6 +149,12 @@ std::string archiveIsFolder(const std::string& archive) {
   return fromCmdlet("The archive file " + archive + " is a folder, not a file.");
 }
 
+std::string archiveNotAFile(const std::string& archive) {
+  return fromCmdlet("The archive file " + archive +
+                    " is not a regular file (a device, a pipe or a socket). It was left as it "
+                    "was.");
+}
+
 std::string nothingToAdd(const std::string& archive) {
   return fromCmdlet(
       "The paths name no file and no empty folder, so there is nothing to add to "
@@ -169,6 +175,17 @@ std::string archiveEntryUnsafe(const std::string& archive, const std::string& na
 
 std::string archiveNotWritten(const std::string& archive, const std::string& reason) {
   return fromCmdlet("The archive file " + archive + " could not be written (" + reason + ").");
+}
+
+std::string archiveNotLocked(const std::string& archive, const std::string& reason) {
+  return fromCmdlet("The archive file " + archive + " could not be locked against other updates (" +
+                    reason + "). It was left as it was.");
+}
+
+std::string interrupted(const std::string& archive, const std::string& signal) {
+  if (archive.empty()) return fromCmdlet("Stopped by a signal (" + signal + ").");
+  return fromCmdlet("Stopped by a signal (" + signal + "). The archive file " + archive +
+                    " was left as it was.");
 }
 
 }  // namespace orlo::tools::powershell::messages

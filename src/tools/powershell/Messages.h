@@ -37,9 +37,12 @@ std::string notFileOrFolder(const std::string& path);
 std::string nameNotUtf8(const std::string& path);
 std::string nameUnsafe(const std::string& path, const std::string& name);
 std::string archiveIsFolder(const std::string& archive);
+std::string archiveNotAFile(const std::string& archive);
 std::string nothingToAdd(const std::string& archive);
 std::string archiveInvalid(const std::string& archive, const std::string& reason);
 std::string archiveEntryUnsafe(const std::string& archive, const std::string& name);
 std::string archiveNotWritten(const std::string& archive, const std::string& reason);
+std::string archiveNotLocked(const std::string& archive, const std::string& reason);
+std::string interrupted(const std::string& archive, const std::string& signal);
 
 }  // namespace orlo::tools::powershell::messages

@@ -7,9 +7,11 @@
 
 #include "CommandLine.h"
 #include "CompressArchive.h"
+#include "Interruption.h"
 
 int main(int argc, char** argv) {
   using namespace orlo::tools::powershell;
+  interruption::start();
   const std::vector<std::string> words(argv + 1, argv + argc);
   CompressArchiveRequest request;
   Error error = parseCommandLine(words, request);
