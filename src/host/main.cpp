@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/ChildSignals.h"
 #include "host/CommandChoice.h"
 #include "host/CommandRunner.h"
 #include "host/DriveSelection.h"
@@ -67,6 +68,7 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
   if (drive.failure) return answer(*drive.failure, settings);
 
   putFirstOnPath(layout.providerDirectory());
+  passTerminationToChildren();
   const RunOutcome outcome = runCommand(registry, choice.spec, choice.command, drive.device);
   if (outcome.result == nullptr) {
     std::cout.flush();
