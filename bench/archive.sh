@@ -1,13 +1,62 @@
 #!/usr/bin/env bash
-# Times `orlo update` of a 1 MiB file into archives of several sizes next to Info-ZIP's
-# `zip -u`, 7-Zip's `7z u` and Python's zipfile in append mode, on the same files in one
-# run, and the host's own overhead on the path that fails fast on a missing source.
-#   bash bench/archive.sh [SIZE_MIB...]     sizes default to 1 64 1024
-# Work files go to a fresh folder under ${TMPDIR:-/tmp}; a 1 GiB size needs about 3.5 GiB.
+# Times `orlo update` next to Info-ZIP's `zip -u` and next to `zip -u` followed by `sync`
+# of the archive, on the same files in one run: a 4 KiB file into the sample incident
+# report, updates in a row of one growing archive, a 1 MiB file into archives of several
+# sizes, a large file into an archive of its size and, as root, a 1 MiB file into a large
+# archive on a loop-mounted XFS image with reflink. Prints a table with the ratios and the
+# provider's peak memory, the targets met or missed, and the host's own overhead.
+#   bash bench/archive.sh [-u UPDATES] [-l LARGE_MIB] [-x XFS_MIB] [SIZE_MIB...]
+# Defaults: 1000 updates, a 64 MiB file into a 64 MiB archive, a 1 GiB archive on XFS
+# and sizes 1 64 1024; 0 skips the updates, the large file or the XFS case.
+# Work files go to fresh folders under ${TMPDIR:-/tmp}; 1 GiB sizes need about 3.5 GiB
+# there, and the XFS image up to three times its archive's size.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+
+updates=1000 large=64 xfs_mib=1024
+while getopts "u:l:x:" option; do
+  case $option in
+    u) updates=$OPTARG ;;
+    l) large=$OPTARG ;;
+    x) xfs_mib=$OPTARG ;;
+    *) sed -n '8,10s/^# \{0,1\}//p' "$0" >&2; exit 2 ;;
+  esac
+done
+shift $((OPTIND - 1))
+[ $# -gt 0 ] || set -- 1 64 1024
+
 bash scripts/build-release.sh
 build=build-bench
 
-[ $# -gt 0 ] || set -- 1 64 1024
-python3 bench/archive_times.py "$build/install" "$@"
+work=$(mktemp -d "${TMPDIR:-/tmp}/orlo-archive-xfs-XXXXXX")
+mounted=""
+cleanup() {
+  [ -z "$mounted" ] || umount "$mounted" || true
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+# The XFS case: a sparse image in the work folder, formatted with reflink and loop-mounted.
+xfs=()
+if [ "$xfs_mib" -gt 0 ]; then
+  if [ "$(id -u)" -ne 0 ]; then
+    xfs=(--xfs-skipped "not root (the loop mount needs root)")
+  elif ! command -v mkfs.xfs >/dev/null &&
+    ! { export DEBIAN_FRONTEND=noninteractive; apt-get update -qq && apt-get install -y -qq xfsprogs </dev/null &&
+      command -v mkfs.xfs >/dev/null; }; then
+    xfs=(--xfs-skipped "mkfs.xfs missing and package xfsprogs not installable")
+  else
+    truncate -s $((xfs_mib * 3 + 512))M "$work/xfs.img"
+    mkdir "$work/xfs"
+    if mkfs.xfs -q -m reflink=1 "$work/xfs.img" 2>"$work/mount.log" &&
+      mount -o loop "$work/xfs.img" "$work/xfs" 2>>"$work/mount.log"; then
+      mounted=$work/xfs
+      xfs=(--xfs "$work/xfs" --xfs-mib "$xfs_mib")
+    else
+      xfs=(--xfs-skipped "mounting the image failed: $(tr '\n' ' ' <"$work/mount.log")")
+    fi
+  fi
+fi
+
+python3 bench/archive_times.py "$build/install" --updates "$updates" --large "$large" \
+  "${xfs[@]}" "$@"
