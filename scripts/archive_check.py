@@ -6,6 +6,10 @@
                                              entries, plus NEW (a file, by its base name) when new
   archive_check.py holds ARCHIVE FOLDER      ARCHIVE is valid, holds every file of FOLDER with its
                                              contents, and has no byte that its entries do not need
+  archive_check.py contains ARCHIVE BASE FILE...
+                                             ARCHIVE is valid and holds BASE's entries as they were
+                                             and each FILE (by its base name) with its contents;
+                                             prints how many FILEs it holds so
 Exits with status 1 and a message when a check fails.
 """
 
@@ -79,8 +83,25 @@ def holds(path, folder):
             fail(f"{path} carries {unneeded} bytes that no entry needs")
 
 
+def contains(path, base, *files):
+    with opened(path) as archive, zipfile.ZipFile(base) as old:
+        crcs = {info.filename: info.CRC for info in archive.infolist()}
+        for info in old.infolist():
+            if crcs.get(info.filename) != info.CRC:
+                fail(f"{path}: {info.filename} of {base} is missing or changed")
+        found = 0
+        for file in files:
+            entry = os.path.basename(file)
+            with open(file, "rb") as source:
+                if entry in crcs and archive.read(entry) == source.read():
+                    found += 1
+        print(f"{found} of {len(files)}")
+        if found != len(files):
+            fail(f"{path} holds {found} of the {len(files)} files with their contents")
+
+
 if __name__ == "__main__":
-    commands = {"make": make, "state": state, "holds": holds}
+    commands = {"make": make, "state": state, "holds": holds, "contains": contains}
     if len(sys.argv) < 2 or sys.argv[1] not in commands:
         sys.exit(__doc__)
     commands[sys.argv[1]](*sys.argv[2:])

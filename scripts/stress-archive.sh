@@ -4,15 +4,19 @@
 #   1. a full disk (a small tmpfs) and a read-only destination (a read-only file, and a
 #      read-only mount) give a clear error and leave the archive as it was;
 #   2. KILLS kills at random instants during updates leave a valid archive every time,
-#      the old one or the new one;
-#   3. UPDATES updates in a row of one archive leave every added file readable and the
+#      the old one or the new one, and the next update removes the temporary files that
+#      the killed runs left beside it;
+#   3. ROUNDS rounds of 16 updates of one archive at the same time, each adding its own
+#      file: every run succeeds and the archive holds all 16 files with their contents;
+#   4. UPDATES updates in a row of one archive leave every added file readable and the
 #      archive no larger than its entries need.
-#   bash scripts/stress-archive.sh [KILLS] [UPDATES]      defaults 100 and 1000
+#   bash scripts/stress-archive.sh [KILLS] [UPDATES] [ROUNDS]     defaults 100, 1000 and 20
 # Runs as root (for the mounts). Prints what each step saw; exits non-zero on a failure.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 kills=${1:-100}
 updates=${2:-1000}
+rounds=${3:-20}
 bash scripts/build-release.sh
 build=build-bench
 orlo=$PWD/$build/install/bin/orlo
@@ -62,17 +66,23 @@ mount -o remount,ro "$work/readonly"
 expect_refusal "read-only mount" "$work/sources/notes.txt" "$work/readonly/report.zip" \
   "$work/reference.zip"
 
+# The temporary files that updates of ARCHIVE have left beside it, one a line.
+temporaries() { find "$(dirname "$1")" -mindepth 1 -maxdepth 1 -name '.~orlo-*' -printf '%f\n'; }
+# Every file beside ARCHIVE but the archive itself, one a line.
+beside() { find "$(dirname "$1")" -mindepth 1 -maxdepth 1 ! -name "$(basename "$1")" -printf '%f\n'; }
+
 echo "== $kills kills at random instants =="
 mkdir -p "$work/kill"
-$check make "$work/kill/base.zip" 128 262144
+$check make "$work/kill-base.zip" 128 262144
 random_file "$work/sources/capture.bin" $((4 << 20))
-cp "$work/kill/base.zip" "$work/kill/report.zip"
+cp "$work/kill-base.zip" "$work/kill/report.zip"
 start=$(date +%s%N)
 "$orlo" update -source "$work/sources/capture.bin" -destination "$work/kill/report.zip" >/dev/null
 span=$(($(date +%s%N) - start))
-old=0 new=0 leftovers=0
+old=0 new=0 most=0
+declare -A seen=()
 for ((i = 1; i <= kills; i++)); do
-  cp "$work/kill/base.zip" "$work/kill/report.zip"
+  cp "$work/kill-base.zip" "$work/kill/report.zip"
   # The host, the shell and the provider share the new process group, and die together.
   setsid "$orlo" update -source "$work/sources/capture.bin" \
     -destination "$work/kill/report.zip" >/dev/null 2>&1 &
@@ -80,17 +90,62 @@ for ((i = 1; i <= kills; i++)); do
   sleep "$(awk -v n="$span" -v r="$RANDOM" 'BEGIN { printf "%.4f", n * 1.2 * r / 32767 / 1e9 }')"
   kill -KILL -- "-$pid" 2>/dev/null || true
   wait "$pid" 2>/dev/null || true
-  result=$($check state "$work/kill/report.zip" "$work/kill/base.zip" \
+  result=$($check state "$work/kill/report.zip" "$work/kill-base.zip" \
     "$work/sources/capture.bin") || die "kill $i left a broken archive"
   if [ "$result" = new ]; then new=$((new + 1)); else old=$((old + 1)); fi
-  for temporary in "$work/kill"/report.zip.??????; do
-    [ -e "$temporary" ] || continue
-    leftovers=$((leftovers + 1))
-    rm -f "$temporary"
-  done
+  present=0
+  while read -r name; do
+    seen[$name]=1
+    present=$((present + 1))
+  done < <(temporaries "$work/kill/report.zip")
+  [ "$present" -le "$most" ] || most=$present
 done
-echo "every archive valid (update takes $((span / 1000000)) ms): $old old, $new new;" \
-  "$leftovers temporary files left by a kill"
+echo "every archive valid (update takes $((span / 1000000)) ms): $old old, $new new"
+echo "temporary files left by the killed runs: ${#seen[@]} in all, at most $most at once," \
+  "$present after the last kill"
+"$orlo" update -source "$work/sources/notes.txt" -destination "$work/kill/report.zip" >/dev/null ||
+  die "the update after the kills failed"
+left=$(beside "$work/kill/report.zip")
+echo "files beside the archive after one more update: $(echo -n "$left" | grep -c '^' || true)"
+[ -z "$left" ] || die "left beside the archive after the kills and one more update:" $left
+
+echo "== $rounds rounds of 16 updates of one archive at the same time =="
+mkdir -p "$work/parallel/archive" "$work/parallel/sources" "$work/parallel/logs"
+archive=$work/parallel/archive/report.zip
+sample=$PWD/samples/incident-report.zip
+runs=0 failed=0 checked=0 right=0 stray=0
+for ((round = 1; round <= rounds; round++)); do
+  cp "$sample" "$archive"
+  sources=()
+  for ((k = 0; k < 16; k++)); do
+    sources+=("$work/parallel/sources/part$k.bin")
+    random_file "${sources[k]}" $(((64 + RANDOM % 960) << 10))
+  done
+  pids=()
+  for ((k = 0; k < 16; k++)); do
+    "$orlo" update -source "${sources[k]}" -destination "$archive" \
+      >"$work/parallel/logs/$k.log" 2>&1 &
+    pids+=($!)
+  done
+  for ((k = 0; k < 16; k++)); do
+    runs=$((runs + 1))
+    wait "${pids[k]}" && continue
+    failed=$((failed + 1))
+    echo "round $round, run $k failed: $(tr '\n' ' ' <"$work/parallel/logs/$k.log")"
+  done
+  found=$($check contains "$archive" "$sample" "${sources[@]}" 2>"$work/parallel/check.log") ||
+    echo "round $round: $(cat "$work/parallel/check.log")"
+  found=${found%% *}
+  [[ $found =~ ^[0-9]+$ ]] || found=0
+  checked=$((checked + 16))
+  right=$((right + found))
+  left=$(beside "$archive")
+  [ -z "$left" ] || { echo "round $round left beside the archive:" $left; stray=$((stray + 1)); }
+done
+echo "$rounds rounds, $runs runs: $failed failed; $right of $checked entries present with" \
+  "their bytes; $stray rounds left files beside the archive"
+[ "$failed" -eq 0 ] && [ "$right" -eq "$checked" ] && [ "$stray" -eq 0 ] ||
+  die "updates at the same time lost data or failed"
 
 echo "== $updates updates in a row =="
 mkdir -p "$work/many/sources"
