@@ -36,14 +36,26 @@ cleanup() {
 }
 trap cleanup EXIT
 
+# Succeeds when COMMAND is there, after installing PACKAGE for it when missing, as root.
+# Only the benchmark needs these two, so the set-up leaves them out.
+have() {
+  local command=$1 package=$2
+  type -P "$command" >/dev/null && return
+  [ "$(id -u)" -eq 0 ] || return 1
+  echo "installing $package for $command" >&2
+  export DEBIAN_FRONTEND=noninteractive
+  apt-get update -qq && apt-get install -y -qq --no-install-recommends "$package" </dev/null >/dev/null
+  type -P "$command" >/dev/null
+}
+# GNU time gives the provider's peak memory; without it that column stays empty.
+have time time || echo "GNU time missing (package time): no memory figures" >&2
+
 # The XFS case: a sparse image in the work folder, formatted with reflink and loop-mounted.
 xfs=()
 if [ "$xfs_mib" -gt 0 ]; then
   if [ "$(id -u)" -ne 0 ]; then
     xfs=(--xfs-skipped "not root (the loop mount needs root)")
-  elif ! command -v mkfs.xfs >/dev/null &&
-    ! { export DEBIAN_FRONTEND=noninteractive; apt-get update -qq && apt-get install -y -qq xfsprogs </dev/null &&
-      command -v mkfs.xfs >/dev/null; }; then
+  elif ! have mkfs.xfs xfsprogs; then
     xfs=(--xfs-skipped "mkfs.xfs missing and package xfsprogs not installable")
   else
     truncate -s $((xfs_mib * 3 + 512))M "$work/xfs.img"
