@@ -54,7 +54,7 @@ have time time || echo "GNU time missing (package time): no memory figures" >&2
 xfs=()
 if [ "$xfs_mib" -gt 0 ]; then
   if [ "$(id -u)" -ne 0 ]; then
-    xfs=(--xfs-skipped "not root (the loop mount needs root)")
+    xfs=(--xfs-skipped "not root, which the loop mount needs")
   elif ! have mkfs.xfs xfsprogs; then
     xfs=(--xfs-skipped "mkfs.xfs missing and package xfsprogs not installable")
   else
