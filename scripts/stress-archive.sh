@@ -79,7 +79,7 @@ cp "$work/kill-base.zip" "$work/kill/report.zip"
 start=$(date +%s%N)
 "$orlo" update -source "$work/sources/capture.bin" -destination "$work/kill/report.zip" >/dev/null
 span=$(($(date +%s%N) - start))
-old=0 new=0 most=0
+old=0 new=0 most=0 present=0
 declare -A seen=()
 for ((i = 1; i <= kills; i++)); do
   cp "$work/kill-base.zip" "$work/kill/report.zip"
@@ -105,8 +105,8 @@ echo "temporary files left by the killed runs: ${#seen[@]} in all, at most $most
   "$present after the last kill"
 "$orlo" update -source "$work/sources/notes.txt" -destination "$work/kill/report.zip" >/dev/null ||
   die "the update after the kills failed"
+echo "temporary files after one more update: $(temporaries "$work/kill/report.zip" | wc -l)"
 left=$(beside "$work/kill/report.zip")
-echo "files beside the archive after one more update: $(echo -n "$left" | grep -c '^' || true)"
 [ -z "$left" ] || die "left beside the archive after the kills and one more update:" $left
 
 echo "== $rounds rounds of 16 updates of one archive at the same time =="
