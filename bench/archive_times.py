@@ -10,11 +10,10 @@ together), on the same files in one run:
 
 - a 4 KiB file into a fresh copy of the sample incident report, median of 21;
 - N updates in a row of one growing archive, each adding its own 4 KiB file: total time;
-- a 1 MiB file into stored archives of each SIZE_MIB (many entries), median of 5 (3 from
-  1 GiB on);
-- a MIB-MiB file into a MIB-MiB archive, median of 3;
+- a 1 MiB file into stored archives of each SIZE_MIB (many entries), median of 5;
+- a MIB-MiB file into a MIB-MiB archive, median of 5;
 - on an XFS file system with reflink mounted at DIR, a 1 MiB file into an archive of
-  --xfs-mib MiB, median of 3.
+  --xfs-mib MiB, median of 5.
 
 For a median, every tool adds the same file to a fresh copy of the same archive, the copy
 flushed beforehand so that no tool pays for another's writes; tools take turns within a
@@ -40,6 +39,7 @@ MIB = 1 << 20
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SAMPLE = os.path.join(ROOT, "samples", "incident-report.zip")
 SMALL_RUNS = 21
+RUNS = 5
 MEMORY_LIMIT_MIB = 64
 TOOLS = ("orlo update", "zip -u", "zip -u; sync")
 
@@ -287,14 +287,14 @@ def main():
         for size in options.sizes:
             base = os.path.join(work, f"base-{size}.zip")
             count = make_base(base, size)
-            times, peak = median_case(bench, base, new, work, 3 if size >= 1024 else 5)
+            times, peak = median_case(bench, base, new, work, RUNS)
             os.remove(base)
             table.add(f"1 MiB into {size_text(size)} ({count:,} entries)", times, peak)
         if options.large > 0:
             base = os.path.join(work, f"base-{options.large}.zip")
             make_base(base, options.large)
             large = random_file(os.path.join(work, "large.bin"), options.large * MIB)
-            times, peak = median_case(bench, base, large, work, 3)
+            times, peak = median_case(bench, base, large, work, RUNS)
             os.remove(base)
             os.remove(large)
             table.add(f"{size_text(options.large)} into {size_text(options.large)}",
@@ -303,7 +303,7 @@ def main():
             base = os.path.join(options.xfs, f"base-{options.xfs_mib}.zip")
             make_base(base, options.xfs_mib)
             source = shutil.copyfile(new, os.path.join(options.xfs, "new.bin"))
-            times, peak = median_case(bench, base, source, options.xfs, 3)
+            times, peak = median_case(bench, base, source, options.xfs, RUNS)
             os.remove(base)
             os.remove(source)
             table.add(f"1 MiB into {size_text(options.xfs_mib)}, XFS with reflink", times,
