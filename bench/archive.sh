@@ -29,9 +29,10 @@ bash scripts/build-release.sh
 build=build-bench
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/orlo-archive-xfs-XXXXXX")
-mounted=""
+loop="" mounted=""
 cleanup() {
   [ -z "$mounted" ] || umount "$mounted" || true
+  [ -z "$loop" ] || losetup -d "$loop" || true
   rm -rf "$work"
 }
 trap cleanup EXIT
@@ -51,6 +52,8 @@ have() {
 have time time || echo "GNU time missing (package time): no memory figures" >&2
 
 # The XFS case: a sparse image in the work folder, formatted with reflink and loop-mounted.
+# The loop device does direct I/O, so that what XFS writes goes to the disk at once and a
+# sync before a run leaves nothing of the last one in the page cache of the image file.
 xfs=()
 if [ "$xfs_mib" -gt 0 ]; then
   if [ "$(id -u)" -ne 0 ]; then
@@ -61,7 +64,8 @@ if [ "$xfs_mib" -gt 0 ]; then
     truncate -s $((xfs_mib * 3 + 512))M "$work/xfs.img"
     mkdir "$work/xfs"
     if mkfs.xfs -q -m reflink=1 "$work/xfs.img" 2>"$work/mount.log" &&
-      mount -o loop "$work/xfs.img" "$work/xfs" 2>>"$work/mount.log"; then
+      loop=$(losetup --find --show --direct-io=on "$work/xfs.img" 2>>"$work/mount.log") &&
+      mount "$loop" "$work/xfs" 2>>"$work/mount.log"; then
       mounted=$work/xfs
       xfs=(--xfs "$work/xfs" --xfs-mib "$xfs_mib")
     else
