@@ -17,10 +17,10 @@ together), on the same files in one run:
 
 For a median, every tool adds the same file to a fresh copy of the same archive, the copy
 flushed beforehand so that no tool pays for another's writes; tools take turns within a
-round. For each case the provider's peak memory is taken from one more run of it alone, as
-the plug-in starts it, under GNU time (a Python parent would lend the child its own
-resident pages before the exec). Last come the targets and the host's own overhead on the
-path that fails fast on a missing source.
+round, each round starting with the next. For each case the provider's peak memory is
+taken from one more run of it alone, as the plug-in starts it, under GNU time (a Python
+parent would lend the child its own resident pages before the exec). Last come the
+targets and the host's own overhead on the path that fails fast on a missing source.
 """
 
 import argparse
@@ -151,8 +151,9 @@ def median_case(bench, base, source, folder, rounds):
     archive = os.path.join(folder, "archive.zip")
     entry = os.path.basename(source)
     times = {tool: [] for tool in TOOLS}
-    for _ in range(rounds):
-        for tool in TOOLS:
+    for round_ in range(rounds):
+        # Each round starts with the next tool, so that none always follows the same one.
+        for tool in TOOLS[round_ % len(TOOLS):] + TOOLS[:round_ % len(TOOLS)]:
             fresh_copy(base, archive)
             times[tool].append(bench.timed(tool, archive, source))
             if entry not in entry_names(archive):
