@@ -33,6 +33,11 @@ trap cleanup EXIT
 die() { echo "FAILED: $*" >&2; exit 1; }
 random_file() { head -c "$2" /dev/urandom >"$1"; }
 
+# The temporary files that updates of ARCHIVE have left beside it, one a line.
+temporaries() { find "$(dirname "$1")" -mindepth 1 -maxdepth 1 -name '.~orlo-*' -printf '%f\n'; }
+# Every file beside ARCHIVE but the archive itself, one a line.
+beside() { find "$(dirname "$1")" -mindepth 1 -maxdepth 1 ! -name "$(basename "$1")" -printf '%f\n'; }
+
 # Runs an update that must be refused: not exit status 0, a message, the archive unchanged
 # and nothing left beside it.
 expect_refusal() {
@@ -41,7 +46,7 @@ expect_refusal() {
   [ "$status" -ne 0 ] || die "$what: the update succeeded"
   [ -n "$output" ] || die "$what: refused without a message"
   cmp -s "$archive" "$reference" || die "$what: the archive changed"
-  [ "$(ls -A "$(dirname "$archive")" | wc -l)" -eq 1 ] || die "$what: files left beside the archive"
+  [ -z "$(beside "$archive")" ] || die "$what: files left beside the archive"
   echo "$what: refused (exit $status), archive unchanged: $(echo "$output" | tr '\n' ' ')"
 }
 
@@ -65,11 +70,6 @@ cp "$work/reference.zip" "$work/readonly/report.zip"
 mount -o remount,ro "$work/readonly"
 expect_refusal "read-only mount" "$work/sources/notes.txt" "$work/readonly/report.zip" \
   "$work/reference.zip"
-
-# The temporary files that updates of ARCHIVE have left beside it, one a line.
-temporaries() { find "$(dirname "$1")" -mindepth 1 -maxdepth 1 -name '.~orlo-*' -printf '%f\n'; }
-# Every file beside ARCHIVE but the archive itself, one a line.
-beside() { find "$(dirname "$1")" -mindepth 1 -maxdepth 1 ! -name "$(basename "$1")" -printf '%f\n'; }
 
 echo "== $kills kills at random instants =="
 mkdir -p "$work/kill"
@@ -107,7 +107,7 @@ echo "temporary files left by the killed runs: ${#seen[@]} in all, at most $most
   die "the update after the kills failed"
 echo "temporary files after one more update: $(temporaries "$work/kill/report.zip" | wc -l)"
 left=$(beside "$work/kill/report.zip")
-[ -z "$left" ] || die "left beside the archive after the kills and one more update:" $left
+[ -z "$left" ] || die "left beside the archive after the kills and one more update: ${left//$'\n'/ }"
 
 echo "== $rounds rounds of 16 updates of one archive at the same time =="
 mkdir -p "$work/parallel/archive" "$work/parallel/sources" "$work/parallel/logs"
@@ -140,7 +140,7 @@ for ((round = 1; round <= rounds; round++)); do
   checked=$((checked + 16))
   right=$((right + found))
   left=$(beside "$archive")
-  [ -z "$left" ] || { echo "round $round left beside the archive:" $left; stray=$((stray + 1)); }
+  [ -z "$left" ] || { echo "round $round left beside the archive: ${left//$'\n'/ }"; stray=$((stray + 1)); }
 done
 echo "$rounds rounds, $runs runs: $failed failed; $right of $checked entries present with" \
   "their bytes; $stray rounds left files beside the archive"
