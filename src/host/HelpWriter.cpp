@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <sstream>
 
+#include "host/DestinationGuard.h"
 #include "host/HostSettings.h"
 #include "host/PartUsage.h"
+#include "host/PathGuard.h"
 #include "orlo/core/Strings.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
 #include "plugins/plugin.cliframework/Vocabulary.h"
@@ -64,6 +66,26 @@ void writeParts(std::ostream& out, const std::string& title, const std::string& 
   writeTable(out, "    ", rows);
 }
 
+void writeIndented(std::ostream& out, const std::string& lines) {
+  std::istringstream in(lines);
+  for (std::string line; std::getline(in, line);) out << "    " << line << "\n";
+}
+
+// The paths that the host refuses for this command, and why.
+void writeRefusals(std::ostream& out, const CommandSpec& spec) {
+  const auto& options = spec.options.elements;
+  const auto guards = [&](bool (*guarded)(const std::string&)) {
+    return std::any_of(options.begin(), options.end(),
+                       [&](const auto& part) { return guarded(part->name); });
+  };
+  const bool paths = guards(isGuardedPath);
+  const bool destination = guards(isGuardedDestination);
+  if (!paths && !destination) return;
+  out << "  Refused before anything runs (exit code 2):\n";
+  if (paths) writeIndented(out, pathRules);
+  if (destination) writeIndented(out, destinationRules);
+}
+
 void writeCommand(std::ostream& out, const CommandSpec& spec) {
   out << "\n" << words::command << ": " << spec.name << "\n";
   out << "  " << words::verb << ": " << spec.verb << "\n";
@@ -72,6 +94,7 @@ void writeCommand(std::ostream& out, const CommandSpec& spec) {
   writeParts(out, words::options, words::option, spec.options);
   writeParts(out, words::targets, words::target, spec.targets);
   writeParts(out, words::properties, words::property, spec.properties);
+  writeRefusals(out, spec);
 }
 
 void writeUsage(std::ostream& out) {

@@ -14,8 +14,8 @@ bool asksForHelp(const std::vector<std::string>& words);
 // The usage of orlo and of the commands that `words` ask about: after "help" or
 // "-help", those that every one of "Verb=<verb>", "Name=<name>" and bare words (a
 // verb or a name) picks, all of them if there are none; after a verb, the commands
-// of that verb. Each command shows its synopsis and a table of its options,
-// targets and properties.
+// of that verb. Each command shows its synopsis, a table of its options, targets
+// and properties, and the paths that the host refuses for it.
 std::string writeHelp(const plugin::cli::CommandSpecs& specs,
                       const std::vector<std::string>& words);
 

@@ -77,4 +77,13 @@ std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSe
   return std::nullopt;
 }
 
+bool asksForJson(const std::vector<std::string>& words) {
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    if (iequals(words[i], outputFlag) && iequals(words[i + 1], plugin::cli::formats::json)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace orlo::host

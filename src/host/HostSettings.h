@@ -37,4 +37,8 @@ extern const std::vector<HostFlag> hostFlags;
 // format that is not one of the four, or a vendor list that does not read.
 std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings);
 
+// Whether `words` hold "-output json" (in any case), for a refusal of the host's flags
+// that came before "-output" was read.
+bool asksForJson(const std::vector<std::string>& words);
+
 }  // namespace orlo::host

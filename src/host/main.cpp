@@ -9,17 +9,21 @@
 #include "host/ChildSignals.h"
 #include "host/CommandChoice.h"
 #include "host/CommandRunner.h"
+#include "host/DestinationGuard.h"
 #include "host/DriveSelection.h"
 #include "host/ExitCode.h"
 #include "host/HelpWriter.h"
 #include "host/HostCommands.h"
 #include "host/HostSettings.h"
 #include "host/InstallLayout.h"
+#include "host/JsonDocument.h"
+#include "host/OutputCapture.h"
 #include "host/PathGuard.h"
 #include "host/PluginSet.h"
 #include "host/ProviderPath.h"
 #include "host/ResultRenderer.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
+#include "plugins/plugin.cliframework/Vocabulary.h"
 
 namespace orlo::host {
 
@@ -29,13 +33,24 @@ int exitWith(ExitCode code) {
   return static_cast<int>(code);
 }
 
-int refuse(const std::string& message) {
-  std::cerr << "orlo: " << message << std::endl;
-  return exitWith(ExitCode::refused);
+bool asksForJson(const HostSettings& settings) {
+  return settings.outputFormat == plugin::cli::formats::json;
 }
 
-int answer(const plugin::cli::ResultBase& result, const HostSettings& settings) {
-  std::cout << render(result, settings.outputFormat) << std::flush;
+// One line on the standard error; with JSON asked for, a document on the standard
+// output as well, so that whatever reads it always gets one.
+int fail(const std::string& message, ExitCode code, bool json,
+         const std::vector<std::string>& printed = {}) {
+  std::cerr << "orlo: " << message << std::endl;
+  if (json) std::cout << jsonFailure(message, code, printed) << std::flush;
+  return exitWith(code);
+}
+
+int answer(const plugin::cli::ResultBase& result, const HostSettings& settings,
+           const std::vector<std::string>& printed = {}) {
+  std::cout << (asksForJson(settings) ? jsonDocument(result, printed)
+                                      : render(result, settings.outputFormat))
+            << std::flush;
   return exitWith(exitCodeFor(result));
 }
 
@@ -43,14 +58,16 @@ int answer(const plugin::cli::ResultBase& result, const HostSettings& settings) 
 // are unloaded.
 int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettings& settings,
                    const InstallLayout& layout, const std::vector<std::string>& words) {
+  const bool json = asksForJson(settings);
   plugin::cli::CommandSpecs specs = registry.commands;
   specs.insert(specs.end(), hostCommandSpecs().begin(), hostCommandSpecs().end());
   if (asksForHelp(words)) {
-    std::cout << writeHelp(specs, words);
+    const std::string help = writeHelp(specs, words);
+    std::cout << (json ? jsonHelp(help) : help);
     return exitWith(ExitCode::success);
   }
   CommandChoice choice = chooseCommand(specs, words);
-  if (choice.spec == nullptr) return refuse(choice.error);
+  if (choice.spec == nullptr) return fail(choice.error, ExitCode::refused, json);
   if (isHostCommand(*choice.spec)) {
     return answer(*runHostCommand(*choice.spec, choice.command, settings.drives), settings);
   }
@@ -62,20 +79,30 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
     output->value = settings.outputFormat;
     choice.command.options.add(output);
   }
-  if (auto unsafe = findUnsafePath(choice.command)) return refuse(*unsafe);
+  if (auto unsafe = findUnsafePath(choice.command)) return fail(*unsafe, ExitCode::refused, json);
+  if (auto unsafe = findUnsafeDestination(choice.command)) {
+    return fail(*unsafe, ExitCode::refused, json);
+  }
   DriveSelection drive;
   if (takesDrive(*choice.spec)) drive = selectDrive(choice.command, settings.drives);
   if (drive.failure) return answer(*drive.failure, settings);
 
   putFirstOnPath(layout.providerDirectory());
   passTerminationToChildren();
+  // What the plug-in prints goes into the document rather than ahead of it.
+  OutputCapture capture;
+  if (json) {
+    if (auto error = capture.start()) {
+      return fail("Cannot hold what the plug-in prints: " + *error, ExitCode::pluginFailed, json);
+    }
+  }
   const RunOutcome outcome = runCommand(registry, choice.spec, choice.command, drive.device);
+  const std::vector<std::string> printed = json ? capture.finish() : std::vector<std::string>();
   if (outcome.result == nullptr) {
     std::cout.flush();
-    std::cerr << "orlo: " << outcome.failure << std::endl;
-    return exitWith(ExitCode::pluginFailed);
+    return fail(outcome.failure, ExitCode::pluginFailed, json, printed);
   }
-  return answer(*outcome.result, settings);
+  return answer(*outcome.result, settings, printed);
 }
 
 }  // namespace
@@ -88,12 +115,13 @@ int main(int argc, char** argv) {
   const InstallLayout layout = InstallLayout::ofRunningProgram();
   HostSettings settings;
   settings.pluginDirectory = layout.pluginDirectory();
-  if (auto error = takeHostFlags(words, settings)) return refuse(*error);
+  if (auto error = takeHostFlags(words, settings)) {
+    return fail(*error, ExitCode::refused, orlo::host::asksForJson(words));
+  }
 
   PluginSet plugins;
   if (auto failure = plugins.load(settings.pluginDirectory, settings.logFile)) {
-    std::cerr << "orlo: " << *failure << std::endl;
-    return exitWith(ExitCode::pluginFailed);
+    return fail(*failure, ExitCode::pluginFailed, asksForJson(settings));
   }
   return runCommandLine(plugins.registry(), settings, layout, words);
 }
