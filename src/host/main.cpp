@@ -33,7 +33,7 @@ int exitWith(ExitCode code) {
   return static_cast<int>(code);
 }
 
-bool asksForJson(const HostSettings& settings) {
+bool wantsJson(const HostSettings& settings) {
   return settings.outputFormat == plugin::cli::formats::json;
 }
 
@@ -48,8 +48,8 @@ int fail(const std::string& message, ExitCode code, bool json,
 
 int answer(const plugin::cli::ResultBase& result, const HostSettings& settings,
            const std::vector<std::string>& printed = {}) {
-  std::cout << (asksForJson(settings) ? jsonDocument(result, printed)
-                                      : render(result, settings.outputFormat))
+  std::cout << (wantsJson(settings) ? jsonDocument(result, printed)
+                                    : render(result, settings.outputFormat))
             << std::flush;
   return exitWith(exitCodeFor(result));
 }
@@ -58,7 +58,7 @@ int answer(const plugin::cli::ResultBase& result, const HostSettings& settings,
 // are unloaded.
 int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettings& settings,
                    const InstallLayout& layout, const std::vector<std::string>& words) {
-  const bool json = asksForJson(settings);
+  const bool json = wantsJson(settings);
   plugin::cli::CommandSpecs specs = registry.commands;
   specs.insert(specs.end(), hostCommandSpecs().begin(), hostCommandSpecs().end());
   if (asksForHelp(words)) {
@@ -116,12 +116,12 @@ int main(int argc, char** argv) {
   HostSettings settings;
   settings.pluginDirectory = layout.pluginDirectory();
   if (auto error = takeHostFlags(words, settings)) {
-    return fail(*error, ExitCode::refused, orlo::host::asksForJson(words));
+    return fail(*error, ExitCode::refused, asksForJson(words));
   }
 
   PluginSet plugins;
   if (auto failure = plugins.load(settings.pluginDirectory, settings.logFile)) {
-    return fail(*failure, ExitCode::pluginFailed, asksForJson(settings));
+    return fail(*failure, ExitCode::pluginFailed, wantsJson(settings));
   }
   return runCommandLine(plugins.registry(), settings, layout, words);
 }
