@@ -2,27 +2,16 @@
 
 #include <sys/stat.h>
 
-#include <cctype>
-
 #include "orlo/core/Strings.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
+#include "plugins/update_ir/ZipExtension.h"
 
 namespace orlo::host {
 
 namespace {
 
-const std::string zipExtension = ".zip";
-
-// As the update decides it: byte by byte through the C library's tolower, so only
-// ASCII letters fold; a name shorter than the extension does not end with it.
-bool endsWithZip(const std::string& path) {
-  if (path.size() < zipExtension.size()) return false;
-  const std::size_t start = path.size() - zipExtension.size();
-  for (std::size_t i = 0; i < zipExtension.size(); ++i) {
-    if (std::tolower(static_cast<unsigned char>(path[start + i])) != zipExtension[i]) return false;
-  }
-  return true;
-}
+using plugin::cli::endsWithZip;
+using plugin::cli::zipExtension;
 
 const char* kindOf(mode_t mode) {
   if (S_ISDIR(mode)) return "a directory";
