@@ -3,7 +3,7 @@
 # build-bench/install, quietly: the tree that the archive benchmark and the stress run use.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bash scripts/setup.sh
+bash scripts/setup.sh --tests
 
 build=build-bench
 launcher=()

@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:?usage: scripts/fuzz.sh SECONDS}
-bash scripts/setup.sh
+bash scripts/setup.sh --tests
 
 build=build-fuzz
 launcher=()

@@ -1,15 +1,19 @@
 #!/usr/bin/env bash
-# Installs what orlo needs to build and test on Debian 12. Safe to run again.
+# Installs what orlo needs on Debian 12: to build it and run the sample job, and with
+# --tests also what the tests, the fuzz targets and the benchmarks need. Safe to run again.
 set -euo pipefail
 
 packages=(
-  cmake ninja-build g++ clang pkg-config
+  cmake ninja-build g++ pkg-config
   libboost-dev libboost-log-dev libboost-date-time-dev libboost-filesystem-dev libboost-system-dev
-  libzip-dev zlib1g-dev zip unzip
-  libgtest-dev libgmock-dev googletest
-  libclang-rt-14-dev libbenchmark-dev p7zip-full
-  python3
+  libzip-dev zlib1g-dev unzip
 )
+case "${1:-}" in
+  "") ;;
+  --tests) packages+=(zip python3 clang libclang-rt-14-dev libgtest-dev libgmock-dev googletest
+                      libbenchmark-dev) ;;
+  *) echo "usage: scripts/setup.sh [--tests]" >&2; exit 2 ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do
