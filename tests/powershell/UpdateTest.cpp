@@ -16,15 +16,22 @@ std::string varied() {
 }
 
 TEST_F(ProviderTest, ReplacesWithoutRegardToCaseAndCopiesTheRestAsItIs) {
-  writeZip(dir / "x.zip", {{"README.TXT", "old"}, {"Dir/Keep.txt", varied()}});
+  writeZip(dir / "x.zip", {{"README.TXT", "old"}, {"f/A.TXT", "old"}, {"Dir/Keep.txt", varied()}});
   const auto before = readArchive(dir / "x.zip");
   writeBytes(dir / "readme.txt", "new");
+  // Two files whose names differ only in case are two files: both are stored,
+  // and both replace the old entry that equals them without regard to case.
+  writeBytes(dir / "f/A.txt", "upper");
+  writeBytes(dir / "f/a.txt", "lower");
   runQuietly(
-      {"Compress-Archive", "readme.txt", "x.zip", "-Update", "-CompressionLevel", "Fastest"});
+      {"Compress-Archive", "readme.txt,f", "x.zip", "-Update", "-CompressionLevel", "Fastest"});
 
   const auto after = readArchive(dir / "x.zip");
-  EXPECT_EQ(namesIn(after), (std::set<std::string>{"Dir/Keep.txt", "readme.txt"}));
+  EXPECT_EQ(namesIn(after),
+            (std::set<std::string>{"Dir/Keep.txt", "readme.txt", "f/A.txt", "f/a.txt"}));
   EXPECT_EQ(after.at("readme.txt").data, "new");
+  EXPECT_EQ(after.at("f/A.txt").data, "upper");
+  EXPECT_EQ(after.at("f/a.txt").data, "lower");
   // Deflated at level 6 before: a recompression at level 1 would change these bytes.
   EXPECT_EQ(after.at("Dir/Keep.txt").raw, before.at("Dir/Keep.txt").raw);
 }

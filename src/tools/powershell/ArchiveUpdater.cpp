@@ -4,7 +4,6 @@
 #include "EntryName.h"
 #include "Messages.h"
 #include "ParallelDeflateSource.h"
-#include "ProgressLine.h"
 
 namespace orlo::tools::powershell {
 
@@ -31,8 +30,9 @@ const CompressionRow& compressionFor(CompressionLevel level) {
 
 }  // namespace
 
-ArchiveUpdater::ArchiveUpdater(const ArchiveTarget& target, const CompressArchiveRequest& request)
-    : target_(target), request_(request), file_(target.file) {}
+ArchiveUpdater::ArchiveUpdater(const ArchiveTarget& target, const CompressArchiveRequest& request,
+                               ProgressLine& progress)
+    : target_(target), request_(request), progress_(progress), file_(target.file, progress) {}
 
 ArchiveUpdater::~ArchiveUpdater() {
   if (archive_ != nullptr) zip_discard(archive_);
@@ -44,8 +44,6 @@ Error ArchiveUpdater::write(const std::vector<PlannedEntry>& entries) {
   for (const PlannedEntry& entry : entries) {
     if (Error error = add(entry)) return error;
   }
-  ProgressLine progress(target_.shownName);
-  progress.follow(archive_);
   if (zip_close(archive_) != 0) return notWritten();
   archive_ = nullptr;
   return std::nullopt;
@@ -76,13 +74,27 @@ Error ArchiveUpdater::indexExistingEntries() {
     }
     if (!isSafeEntryName(name)) return messages::archiveEntryUnsafe(target_.shownName, name);
     byName_[foldCase(name)].push_back(index);
+    zip_stat_t status;
+    if (zip_stat_index(archive_, index, 0, &status) == 0 && (status.valid & ZIP_STAT_COMP_SIZE)) {
+      progress_.expect(static_cast<zip_int64_t>(status.comp_size));
+    }
   }
   return std::nullopt;
 }
 
 Error ArchiveUpdater::add(const PlannedEntry& entry) {
-  for (zip_uint64_t index : byName_[foldCase(entry.name)]) {
-    if (zip_delete(archive_, index) != 0) return notWritten();
+  // Every old entry with this name in any case goes; new entries that differ
+  // from each other in case are all kept.
+  const auto replaced = byName_.find(foldCase(entry.name));
+  if (replaced != byName_.end()) {
+    for (zip_uint64_t index : replaced->second) {
+      zip_stat_t status;
+      if (zip_stat_index(archive_, index, 0, &status) == 0 && (status.valid & ZIP_STAT_COMP_SIZE)) {
+        progress_.expect(-static_cast<zip_int64_t>(status.comp_size));
+      }
+      if (zip_delete(archive_, index) != 0) return notWritten();
+    }
+    byName_.erase(replaced);
   }
   const CompressionRow& compression =
       compressionFor(entry.isFolder() ? CompressionLevel::NoCompression : request_.level);
@@ -90,15 +102,16 @@ Error ArchiveUpdater::add(const PlannedEntry& entry) {
   if (entry.isFolder()) {
     index = zip_dir_add(archive_, entry.name.c_str(), ZIP_FL_ENC_UTF_8);
   } else {
-    zip_source_t* data =
-        compression.method == ZIP_CM_DEFLATE
-            ? ParallelDeflateSource::create(archive_, entry.source,
-                                            static_cast<int>(compression.zlibLevel), workers_)
-            : zip_source_file(archive_, entry.source.c_str(), 0, -1);
+    zip_source_t* data = compression.method == ZIP_CM_DEFLATE
+                             ? ParallelDeflateSource::create(
+                                   archive_, entry.source, static_cast<int>(compression.zlibLevel),
+                                   workers_, progress_)
+                             : zip_source_file(archive_, entry.source.c_str(), 0, -1);
     if (data != nullptr) index = zip_file_add(archive_, entry.name.c_str(), data, ZIP_FL_ENC_UTF_8);
     if (data != nullptr && index < 0) zip_source_free(data);
   }
   if (index < 0) return notWritten();
+  progress_.expect(static_cast<zip_int64_t>(entry.size));
   const auto position = static_cast<zip_uint64_t>(index);
   if (zip_set_file_compression(archive_, position, compression.method, compression.zlibLevel) !=
           0 ||

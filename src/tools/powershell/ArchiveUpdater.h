@@ -12,6 +12,7 @@
 #include "DurableArchiveFile.h"
 #include "Error.h"
 #include "PlannedEntry.h"
+#include "ProgressLine.h"
 
 namespace orlo::tools::powershell {
 
@@ -22,7 +23,9 @@ namespace orlo::tools::powershell {
 // name leaves the extraction folder; any failure leaves it as it was.
 class ArchiveUpdater {
  public:
-  ArchiveUpdater(const ArchiveTarget& target, const CompressArchiveRequest& request);
+  // How far the write has come shows on `progress`.
+  ArchiveUpdater(const ArchiveTarget& target, const CompressArchiveRequest& request,
+                 ProgressLine& progress);
   ~ArchiveUpdater();
   ArchiveUpdater(const ArchiveUpdater&) = delete;
   ArchiveUpdater& operator=(const ArchiveUpdater&) = delete;
@@ -37,6 +40,7 @@ class ArchiveUpdater {
 
   const ArchiveTarget& target_;
   const CompressArchiveRequest& request_;
+  ProgressLine& progress_;
   DurableArchiveFile file_;
   DeflateWorkers workers_;
   zip_t* archive_ = nullptr;

@@ -14,6 +14,9 @@ constexpr zip_uint64_t kDictionarySize = 32 << 10;
 // Raw deflate: libzip writes the stream without a zlib header.
 constexpr int kRawWindowBits = -15;
 constexpr int kMemoryLevel = 8;
+// A sync flush's empty stored block: 3 header bits, up to 7 bits of padding,
+// and the 4 bytes of its length and complement.
+constexpr zip_uint64_t kFlushMarker = 6;
 
 // Reads exactly length bytes at offset; false with errno set, or with errno 0
 // when the file has become shorter.
@@ -40,6 +43,20 @@ void growTo(std::vector<unsigned char>& buffer, std::size_t size) {
 
 BlockDeflater::~BlockDeflater() {
   if (ready_) deflateEnd(&stream_);
+}
+
+BlockDeflater& BlockDeflater::ofThisThread() {
+  thread_local BlockDeflater deflater;
+  return deflater;
+}
+
+zip_uint64_t BlockDeflater::bound(zip_uint64_t plainSize, zip_uint64_t blockSize, int zlibLevel) {
+  if (prepare(zlibLevel) != Z_OK) return 0;
+  const zip_uint64_t fullBlocks = plainSize / blockSize;
+  const zip_uint64_t rest = plainSize % blockSize;
+  zip_uint64_t total = fullBlocks * (deflateBound(&stream_, blockSize) + kFlushMarker);
+  if (rest > 0) total += deflateBound(&stream_, rest) + kFlushMarker;
+  return total;
 }
 
 int BlockDeflater::prepare(int zlibLevel) {

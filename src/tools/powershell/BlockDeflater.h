@@ -33,6 +33,14 @@ class BlockDeflater {
   DeflatedBlock deflate(int descriptor, zip_uint64_t offset, zip_uint64_t length, bool last,
                         int zlibLevel);
 
+  // The most bytes that a file of plainSize bytes deflates to in blocks of
+  // blockSize: zlib's bound for each block, plus the empty stored block that
+  // ends every block on a byte boundary. 0 when zlib cannot be set up.
+  zip_uint64_t bound(zip_uint64_t plainSize, zip_uint64_t blockSize, int zlibLevel);
+
+  // The deflater of the calling thread.
+  static BlockDeflater& ofThisThread();
+
  private:
   int prepare(int zlibLevel);
 

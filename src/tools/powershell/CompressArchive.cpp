@@ -24,7 +24,8 @@ Error compressArchive(const CompressArchiveRequest& request) {
   }
   const std::vector<PlannedEntry> entries = collector.entries();
   if (entries.empty()) return messages::nothingToAdd(target.shownName);
-  return ArchiveUpdater(target, request).write(entries);
+  ProgressLine progress(target.shownName);
+  return ArchiveUpdater(target, request, progress).write(entries);
 }
 
 }  // namespace orlo::tools::powershell

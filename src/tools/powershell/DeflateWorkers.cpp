@@ -1,6 +1,7 @@
 #include "DeflateWorkers.h"
 
 #include <algorithm>
+#include <boost/asio/post.hpp>
 #include <thread>
 
 namespace orlo::tools::powershell {
@@ -19,7 +20,12 @@ unsigned threadCount() {
 
 // Four blocks a thread keep every thread busy while libzip copies the
 // deflated data out, and hold 4 MiB at most.
-DeflateWorkers::DeflateWorkers() : pool_(threadCount()), free_(4 * threadCount()) {}
+DeflateWorkers::DeflateWorkers() : free_(4 * threadCount()) {}
+
+void DeflateWorkers::post(std::function<void()> work) {
+  if (!pool_) pool_.emplace(threadCount());
+  boost::asio::post(*pool_, std::move(work));
+}
 
 bool DeflateWorkers::reserve() {
   if (free_ <= 0) return false;

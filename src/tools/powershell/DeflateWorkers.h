@@ -2,18 +2,21 @@
 
 #include <boost/asio/thread_pool.hpp>
 #include <cstddef>
+#include <functional>
+#include <optional>
 
 namespace orlo::tools::powershell {
 
 // The threads that deflate the blocks of the files being added, and the room
 // for blocks deflated ahead of libzip's reading, shared by all those files so
 // that memory stays bounded however many there are. Only the thread that runs
-// libzip takes and gives back room.
+// libzip takes and gives back room. The threads start with the first block
+// handed to them: most updates add small files, deflated where they are read.
 class DeflateWorkers {
  public:
   DeflateWorkers();
 
-  boost::asio::thread_pool& pool() { return pool_; }
+  void post(std::function<void()> work);
   // Takes room for one block ahead if any is left.
   bool reserve();
   void release(std::size_t blocks) { free_ += blocks; }
@@ -22,7 +25,7 @@ class DeflateWorkers {
   void reserveAnyway() { --free_; }
 
  private:
-  boost::asio::thread_pool pool_;
+  std::optional<boost::asio::thread_pool> pool_;
   std::ptrdiff_t free_;
 };
 

@@ -19,10 +19,14 @@ namespace {
 
 constexpr std::size_t kOutputBuffer = 1 << 18;
 constexpr std::size_t kInputBuffer = 1 << 18;
+// The kernel copies the kept start in pieces this large, so that the progress
+// line moves while it does.
+constexpr std::size_t kCopyPiece = 16 << 20;
 
 }  // namespace
 
-DurableArchiveFile::DurableArchiveFile(std::filesystem::path file) : file_(std::move(file)) {
+DurableArchiveFile::DurableArchiveFile(std::filesystem::path file, ProgressLine& progress)
+    : file_(std::move(file)), progress_(progress) {
   zip_error_init(&error_);
 }
 
@@ -233,7 +237,9 @@ zip_int64_t DurableArchiveFile::createTemporary(int& descriptor) {
 int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
   if (!haveInput()) return errno;
   if (ioctl(descriptor, FICLONE, input_) == 0) {
-    return ftruncate(descriptor, static_cast<off_t>(length)) == 0 ? 0 : errno;
+    if (ftruncate(descriptor, static_cast<off_t>(length)) != 0) return errno;
+    progress_.advance(static_cast<zip_int64_t>(length));
+    return 0;
   }
   loff_t from = 0;
   loff_t to = 0;
@@ -242,7 +248,7 @@ int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
     const std::size_t left = static_cast<std::size_t>(length - static_cast<zip_uint64_t>(to));
     ssize_t done = -1;
     if (kernelCopies) {
-      done = copy_file_range(input_, &from, descriptor, &to, left, 0);
+      done = copy_file_range(input_, &from, descriptor, &to, std::min(left, kCopyPiece), 0);
       if (done < 0 && to == 0 &&
           (errno == EXDEV || errno == ENOSYS || errno == EOPNOTSUPP || errno == EINVAL)) {
         kernelCopies = false;
@@ -261,6 +267,7 @@ int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
     if (done < 0 && errno == EINTR) continue;
     if (done < 0) return errno;
     if (done == 0) return EIO;  // the archive is shorter than libzip found it
+    progress_.advance(done);
   }
   return 0;
 }
@@ -284,6 +291,7 @@ zip_int64_t DurableArchiveFile::startOutput(int descriptor) {
 
 zip_int64_t DurableArchiveFile::write(const void* data, zip_uint64_t length) {
   if (std::fwrite(data, 1, length, output_) != length) return fail(ZIP_ER_WRITE, errno);
+  progress_.advance(static_cast<zip_int64_t>(length));
   return static_cast<zip_int64_t>(length);
 }
 

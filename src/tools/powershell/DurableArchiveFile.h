@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "ProgressLine.h"
+
 namespace orlo::tools::powershell {
 
 // The archive file as libzip reads and writes it. libzip reads the old archive
@@ -24,7 +26,8 @@ namespace orlo::tools::powershell {
 // mode.
 class DurableArchiveFile {
  public:
-  explicit DurableArchiveFile(std::filesystem::path file);
+  // Every byte put into the new archive counts on `progress`.
+  DurableArchiveFile(std::filesystem::path file, ProgressLine& progress);
   ~DurableArchiveFile();
   DurableArchiveFile(const DurableArchiveFile&) = delete;
   DurableArchiveFile& operator=(const DurableArchiveFile&) = delete;
@@ -55,6 +58,7 @@ class DurableArchiveFile {
   void rollbackWrite();
 
   std::filesystem::path file_;
+  ProgressLine& progress_;
   zip_error_t error_;
   int input_ = -1;  // the old archive, opened on first use
   zip_uint64_t inputSize_ = 0;

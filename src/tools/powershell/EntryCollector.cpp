@@ -46,9 +46,9 @@ Error EntryCollector::add(const ResolvedSource& source) {
 
 std::vector<PlannedEntry> EntryCollector::entries() const {
   std::vector<PlannedEntry> kept;
-  std::set<std::u32string> names;
+  std::set<std::string> names;
   for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
-    if (names.insert(foldCase(entry->name)).second) kept.push_back(*entry);
+    if (names.insert(entry->name).second) kept.push_back(*entry);
   }
   std::reverse(kept.begin(), kept.end());
   return kept;
@@ -98,7 +98,8 @@ Error EntryCollector::addFile(const fs::path& path, const std::string& name,
   const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
   if (descriptor < 0) return unreadable(path);
   close(descriptor);
-  return addEntry(path, PlannedEntry{name, path, status.st_mtime});
+  return addEntry(
+      path, PlannedEntry{name, path, status.st_mtime, static_cast<std::uint64_t>(status.st_size)});
 }
 
 Error EntryCollector::addEntry(const fs::path& path, PlannedEntry entry) {

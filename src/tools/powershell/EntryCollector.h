@@ -26,8 +26,9 @@ class EntryCollector {
 
   Error add(const ResolvedSource& source);
 
-  // The entries in the order met; of two whose names differ at most in case,
-  // the later one stays.
+  // The entries in the order met; of two with the same name, the later one
+  // stays. Names that differ only in case are different files on this system,
+  // and both are kept.
   std::vector<PlannedEntry> entries() const;
 
  private:

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <boost/asio/post.hpp>
 #include <cerrno>
 #include <cstring>
 
@@ -15,6 +14,8 @@ namespace {
 
 // The unit of work for a thread.
 constexpr zip_uint64_t kBlockSize = 128 << 10;
+// The largest size that a zip entry's 32-bit fields hold.
+constexpr zip_uint64_t kZip32Limit = 0xFFFFFFFF;
 
 }  // namespace
 
@@ -28,7 +29,8 @@ struct ParallelDeflateSource::OpenFile {
 };
 
 zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesystem::path& file,
-                                            int zlibLevel, DeflateWorkers& workers) {
+                                            int zlibLevel, DeflateWorkers& workers,
+                                            ProgressLine& progress) {
   const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
   struct stat status {};
   if (descriptor < 0 || fstat(descriptor, &status) != 0) {
@@ -43,7 +45,7 @@ zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesyste
   }
   auto* self = new ParallelDeflateSource(std::make_shared<const OpenFile>(descriptor),
                                          static_cast<zip_uint64_t>(status.st_size), status.st_mode,
-                                         zlibLevel, workers);
+                                         zlibLevel, workers, progress);
   zip_source_t* source = zip_source_function(archive, &ParallelDeflateSource::dispatch, self);
   if (source == nullptr) {
     delete self;
@@ -55,8 +57,14 @@ zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesyste
 
 ParallelDeflateSource::ParallelDeflateSource(std::shared_ptr<const OpenFile> file,
                                              zip_uint64_t size, mode_t mode, int zlibLevel,
-                                             DeflateWorkers& workers)
-    : file_(std::move(file)), size_(size), mode_(mode), level_(zlibLevel), workers_(workers) {
+                                             DeflateWorkers& workers, ProgressLine& progress)
+    : file_(std::move(file)),
+      size_(size),
+      mode_(mode),
+      level_(zlibLevel),
+      workers_(workers),
+      progress_(progress),
+      sizeHidden_(BlockDeflater::ofThisThread().bound(size, kBlockSize, zlibLevel) > kZip32Limit) {
   zip_error_init(&error_);
 }
 
@@ -106,11 +114,14 @@ void ParallelDeflateSource::submit() {
   allSubmitted_ = submitted_ == size_;
   auto task = std::make_shared<std::packaged_task<DeflatedBlock()>>(
       [file = file_, offset, length, last = allSubmitted_, level = level_] {
-        thread_local BlockDeflater deflater;
-        return deflater.deflate(file->descriptor, offset, length, last, level);
+        return BlockDeflater::ofThisThread().deflate(file->descriptor, offset, length, last, level);
       });
   pending_.push_back(task->get_future());
-  boost::asio::post(workers_.pool(), [task] { (*task)(); });
+  if (size_ <= kBlockSize) {
+    (*task)();
+  } else {
+    workers_.post([task] { (*task)(); });
+  }
 }
 
 void ParallelDeflateSource::deflateAhead() {
@@ -146,6 +157,9 @@ zip_int64_t ParallelDeflateSource::read(void* data, zip_uint64_t length) {
       if (current_.zipError != ZIP_ER_OK) return fail(current_.zipError, current_.systemError);
       crc_ = crc32_combine(crc_, current_.crc, static_cast<z_off_t>(current_.plainSize));
       compressedSize_ += current_.data.size();
+      // The deflated bytes count again as libzip writes them.
+      progress_.advance(static_cast<zip_int64_t>(current_.plainSize) -
+                        static_cast<zip_int64_t>(current_.data.size()));
       deflateAhead();
     }
     const std::size_t count =
@@ -161,9 +175,12 @@ zip_int64_t ParallelDeflateSource::stat(void* data, zip_uint64_t length) {
   auto* status = ZIP_SOURCE_GET_ARGS(zip_stat_t, data, length, &error_);
   if (status == nullptr) return -1;
   zip_stat_init(status);
-  status->size = size_;
   status->comp_method = ZIP_CM_DEFLATE;
-  status->valid |= ZIP_STAT_SIZE | ZIP_STAT_COMP_METHOD;
+  status->valid |= ZIP_STAT_COMP_METHOD;
+  if (!sizeHidden_ || finished()) {
+    status->size = size_;
+    status->valid |= ZIP_STAT_SIZE;
+  }
   if (finished()) {
     status->crc = static_cast<zip_uint32_t>(crc_);
     status->comp_size = compressedSize_;

@@ -10,6 +10,7 @@
 
 #include "BlockDeflater.h"
 #include "DeflateWorkers.h"
+#include "ProgressLine.h"
 
 namespace orlo::tools::powershell {
 
@@ -18,13 +19,21 @@ namespace orlo::tools::powershell {
 // so that the deflating overlaps libzip's copying of the entries before it. The
 // stream is within a fraction of a percent of the size of one deflated in one
 // go. libzip takes the data as already compressed, with the CRC and sizes this
-// source reports, and stores it as it is.
+// source reports, and stores it as it is. A file of one block is deflated on
+// the thread that reads it: threads would cost more than they save.
+//
+// libzip decides before the data whether the entry needs Zip64, from the
+// plain size and its own bound for deflate; the blocks' flush markers can
+// take a file just under 4 GiB past that bound. So where our own bound passes
+// 4 GiB, the plain size is kept from libzip until the end, which makes it
+// write Zip64 fields.
 class ParallelDeflateSource {
  public:
   // A source on the file for the archive, or nullptr with the archive's error
   // set. zlibLevel is 1 to 9. An empty file gets libzip's own file source.
+  // The file's bytes count on `progress` as they are deflated.
   static zip_source_t* create(zip_t* archive, const std::filesystem::path& file, int zlibLevel,
-                              DeflateWorkers& workers);
+                              DeflateWorkers& workers, ProgressLine& progress);
   ~ParallelDeflateSource();
   ParallelDeflateSource(const ParallelDeflateSource&) = delete;
   ParallelDeflateSource& operator=(const ParallelDeflateSource&) = delete;
@@ -33,7 +42,7 @@ class ParallelDeflateSource {
   struct OpenFile;
 
   ParallelDeflateSource(std::shared_ptr<const OpenFile> file, zip_uint64_t size, mode_t mode,
-                        int zlibLevel, DeflateWorkers& workers);
+                        int zlibLevel, DeflateWorkers& workers, ProgressLine& progress);
   static zip_int64_t dispatch(void* self, void* data, zip_uint64_t length,
                               zip_source_cmd_t command);
   zip_int64_t fail(int zipError, int systemError);
@@ -50,6 +59,8 @@ class ParallelDeflateSource {
   mode_t mode_;
   int level_;
   DeflateWorkers& workers_;
+  ProgressLine& progress_;
+  bool sizeHidden_;  // until finished, so that libzip writes Zip64 fields
   zip_error_t error_;
   std::deque<std::future<DeflatedBlock>> pending_;  // submitted in file order
   zip_uint64_t submitted_ = 0;                      // plain bytes handed to the workers

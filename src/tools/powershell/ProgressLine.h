@@ -3,27 +3,41 @@
 #include <zip.h>
 
 #include <chrono>
+#include <cstdio>
 #include <string>
 
 namespace orlo::tools::powershell {
 
-// The line on standard error that tells how far a long archive write has come.
-// It appears only when standard error is a terminal and the write has taken
-// more than a second, and it is cleared when the write ends.
+// The line that tells how far a long archive write has come, in bytes: the
+// old archive's bytes as they are copied or cloned into the new one and the
+// new files' bytes as they are deflated (or stored), against the sum of both
+// worked out before the write starts. Counting plain bytes for new files keeps
+// the line steady whatever they compress to, which is known only at the end.
+// The line appears once the write has taken `delay`, and is cleared when it
+// ends. All counting happens on the thread that runs libzip.
 class ProgressLine {
  public:
+  // On standard error when it is a terminal, after a second; otherwise never.
   explicit ProgressLine(std::string archive);
+  // On `terminal` (nullptr: never shown) after `delay`.
+  ProgressLine(std::string archive, std::FILE* terminal, std::chrono::milliseconds delay);
   ~ProgressLine();
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
 
-  void follow(zip_t* archive);
+  // Adds to (or, for an old entry that is replaced, takes from) the bytes the
+  // write will go through.
+  void expect(zip_int64_t bytes) { expected_ += bytes; }
+  // Bytes gone through; a new file's deflated bytes, counted once as written,
+  // are taken back for its plain bytes.
+  void advance(zip_int64_t bytes);
 
  private:
-  static void report(zip_t* archive, double done, void* self);
-
   std::string archive_;
-  std::chrono::steady_clock::time_point start_;
+  std::FILE* terminal_;
+  std::chrono::steady_clock::time_point showFrom_;
+  zip_int64_t expected_ = 0;
+  zip_int64_t done_ = 0;
   int shownPercent_ = -1;
 };
 

@@ -1,0 +1,52 @@
+#include <chrono>
+
+#include "ProviderFixture.h"
+#include "tools/powershell/ArchiveUpdater.h"
+
+namespace {
+
+using namespace orlo::tools::powershell;
+
+// The percentages of a progress line, in the order shown.
+std::vector<int> percentagesIn(std::FILE* line) {
+  std::rewind(line);
+  std::string text;
+  for (int c; (c = std::fgetc(line)) != EOF;) text.push_back(static_cast<char>(c));
+  std::vector<int> shown;
+  for (std::size_t at = text.find('%'); at != std::string::npos; at = text.find('%', at + 1)) {
+    shown.push_back(std::stoi(text.substr(at - 3, 3)));
+  }
+  return shown;
+}
+
+TEST_F(ProviderTest, ProgressFollowsTheBytesNotTheEntries) {
+  // One large file beside four small old entries: counted by entries, the line
+  // would stand at 80% until the large file was done.
+  writeZip(dir / "x.zip", {{"a", "a"}, {"b", "b"}, {"c", "c"}, {"d", "d"}});
+  std::string text;
+  for (int line = 0; text.size() < (6u << 20); ++line) {
+    text += "line " + std::to_string(line * 7919 % 100003) + "\n";
+  }
+  writeBytes(dir / "big.txt", text);
+  ArchiveTarget target{"x.zip", dir / "x.zip", true};
+  CompressArchiveRequest request;
+  request.update = true;
+  const std::vector<PlannedEntry> entries{{"big.txt", dir / "big.txt", 0, text.size()}};
+
+  std::FILE* line = std::tmpfile();
+  {
+    ProgressLine progress("x.zip", line, std::chrono::milliseconds(0));
+    ASSERT_FALSE(ArchiveUpdater(target, request, progress).write(entries));
+  }
+  const std::vector<int> shown = percentagesIn(line);
+  std::fclose(line);
+  ASSERT_GE(shown.size(), 20u);
+  EXPECT_LE(shown.front(), 5);
+  EXPECT_GE(shown.back(), 95);
+  for (std::size_t i = 1; i < shown.size(); ++i) {
+    EXPECT_GT(shown[i], shown[i - 1]);
+    EXPECT_LE(shown[i] - shown[i - 1], 5) << "after " << shown[i - 1] << "%";
+  }
+}
+
+}  // namespace
