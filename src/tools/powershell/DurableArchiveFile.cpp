@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <memory>
 
 #include "Interruption.h"
 #include "TemporaryArchive.h"
@@ -19,6 +20,14 @@ namespace {
 
 constexpr std::size_t kOutputBuffer = 1 << 18;
 constexpr std::size_t kInputBuffer = 1 << 18;
+
+// A buffer left as the allocator gives it: only the pages written to are ever
+// touched, where zero-filling would touch every one. A small update uses a
+// page or two of each buffer, and on a virtual machine each page touched for
+// the first time costs as much as several system calls.
+std::unique_ptr<char[]> untouched(std::size_t size) {
+  return std::unique_ptr<char[]>(new char[size]);
+}
 // The kernel copies the kept start in pieces this large, so that the progress
 // line moves while it does.
 constexpr std::size_t kCopyPiece = 16 << 20;
@@ -144,7 +153,7 @@ zip_int64_t DurableArchiveFile::read(void* data, zip_uint64_t length) {
     }
     const zip_uint64_t from = offset - bufferStart_;
     const zip_uint64_t count = std::min(length - done, bufferLength_ - from);
-    std::memcpy(out + done, inputBuffer_.data() + from, count);
+    std::memcpy(out + done, inputBuffer_.get() + from, count);
     done += count;
   }
   inputOffset_ += done;
@@ -152,12 +161,12 @@ zip_int64_t DurableArchiveFile::read(void* data, zip_uint64_t length) {
 }
 
 zip_int64_t DurableArchiveFile::readAhead(zip_uint64_t offset) {
-  inputBuffer_.resize(kInputBuffer);
+  if (!inputBuffer_) inputBuffer_ = untouched(kInputBuffer);
   bufferStart_ = offset;
   bufferLength_ = 0;
-  while (bufferLength_ < inputBuffer_.size()) {
+  while (bufferLength_ < kInputBuffer) {
     const ssize_t got =
-        pread(input_, inputBuffer_.data() + bufferLength_, inputBuffer_.size() - bufferLength_,
+        pread(input_, inputBuffer_.get() + bufferLength_, kInputBuffer - bufferLength_,
               static_cast<off_t>(offset + bufferLength_));
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return fail(ZIP_ER_READ, errno);
@@ -255,9 +264,9 @@ int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
         continue;
       }
     } else {
-      inputBuffer_.resize(kInputBuffer);
-      done = pread(input_, inputBuffer_.data(), std::min(left, inputBuffer_.size()), from);
-      if (done > 0) done = pwrite(descriptor, inputBuffer_.data(), static_cast<size_t>(done), to);
+      if (!inputBuffer_) inputBuffer_ = untouched(kInputBuffer);
+      done = pread(input_, inputBuffer_.get(), std::min(left, kInputBuffer), from);
+      if (done > 0) done = pwrite(descriptor, inputBuffer_.get(), static_cast<size_t>(done), to);
       if (done > 0) {
         from += done;
         to += done;
@@ -284,8 +293,8 @@ zip_int64_t DurableArchiveFile::startOutput(int descriptor) {
   // libzip writes in small pieces; a larger buffer saves most of the system
   // calls. glibc ignores the size unless it is handed the buffer itself. Were it
   // refused, the default buffer would do.
-  outputBuffer_.resize(kOutputBuffer);
-  std::setvbuf(output_, outputBuffer_.data(), _IOFBF, outputBuffer_.size());
+  outputBuffer_ = untouched(kOutputBuffer);
+  std::setvbuf(output_, outputBuffer_.get(), _IOFBF, kOutputBuffer);
   return 0;
 }
 

@@ -4,8 +4,8 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string>
-#include <vector>
 
 #include "ProgressLine.h"
 
@@ -65,14 +65,14 @@ class DurableArchiveFile {
   zip_uint64_t inputOffset_ = 0;
   // libzip reads the old archive 8 KiB at a time; reading ahead in large blocks
   // saves most of the system calls.
-  std::vector<char> inputBuffer_;
+  std::unique_ptr<char[]> inputBuffer_;
   zip_uint64_t bufferStart_ = 0;   // where in the file inputBuffer_ begins
   zip_uint64_t bufferLength_ = 0;  // how much of inputBuffer_ holds file data
   mode_t inputMode_ = 0;
   uid_t inputOwner_ = 0;
   gid_t inputGroup_ = 0;
-  std::FILE* output_ = nullptr;     // the temporary file while writing
-  std::vector<char> outputBuffer_;  // output_'s buffer; stdio sizes only one it is given
+  std::FILE* output_ = nullptr;           // the temporary file while writing
+  std::unique_ptr<char[]> outputBuffer_;  // output_'s; stdio sizes only a buffer it is given
   std::string temporary_;
 };
 
