@@ -1,10 +1,10 @@
 #include "devices/DeviceImage.h"
 
 #include <fstream>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
+#include "devices/RegularFile.h"
 #include "orlo/core/PropertyDescriptors.h"
 
 namespace orlo::devices {
@@ -107,13 +107,12 @@ core::Status DeviceImage::writeAttributes(const std::string& protocol,
   return core::Status::success();
 }
 
-bool DeviceImage::readReply(const std::string& name, std::string& bytes) const {
-  std::ifstream file(directory_ / name, std::ios::binary);
-  if (!file) return false;
-  std::ostringstream contents;
-  contents << file.rdbuf();
-  bytes = contents.str();
-  return true;
+core::Status DeviceImage::readReply(const std::string& name, std::string& bytes,
+                                    bool& found) const {
+  const std::filesystem::path path = directory_ / name;
+  std::error_code error;
+  found = std::filesystem::exists(std::filesystem::symlink_status(path, error));
+  return found ? readRegularFile(path, kReplyLimit, bytes) : core::Status::success();
 }
 
 core::Status DeviceImage::writeReply(const std::string& name, const core::Payload& data) const {

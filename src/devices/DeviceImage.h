@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 
@@ -13,7 +14,8 @@ namespace orlo::devices {
 //   attributes.txt  a "Protocol=NVME" or "Protocol=ATA" line, then "Name=value"
 //                   lines of device attributes (names as the property descriptors
 //                   spell them); blank lines and lines starting with "#" are skipped
-//   *.bin           the drive's reply to one command each, named by replyName
+//   *.bin           the drive's reply to one command each, named by replyName; a
+//                   regular file each
 class DeviceImage {
  public:
   static constexpr const char* kAttributesFile = "attributes.txt";
@@ -29,8 +31,13 @@ class DeviceImage {
   core::Status writeAttributes(const std::string& protocol,
                                const core::AttributeCollection& attributes) const;
 
-  // The reply stored under `name`; false if there is none.
-  bool readReply(const std::string& name, std::string& bytes) const;
+  // No command of the toolkit reads more than this; a larger reply is no drive's.
+  static constexpr std::size_t kReplyLimit = 16 * 1024 * 1024;
+
+  // The reply stored under `name`, with `found` false if there is none. A reply file
+  // that is not a regular file of at most kReplyLimit bytes, or that cannot be read,
+  // gives its failure.
+  core::Status readReply(const std::string& name, std::string& bytes, bool& found) const;
   core::Status writeReply(const std::string& name, const core::Payload& data) const;
 
   const std::filesystem::path& directory() const { return directory_; }

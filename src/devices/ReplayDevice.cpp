@@ -68,9 +68,13 @@ bool ReplayDevice::supportsProtocol(std::string protocol) {
 core::CommandRecord ReplayDevice::send(core::Command& command, const core::Payload& dataOut) {
   core::CommandRecord record = beginRecord(command, dataOut);
   std::string reply;
+  bool found = false;
   if (!supportsProtocol(command.protocol())) {
     record.status = core::Status(35, "Device does not support this command set.");
-  } else if (image_.readReply(replyName(command), reply)) {
+  } else if (const core::Status read = image_.readReply(replyName(command), reply, found);
+             !core::succeeded(read)) {
+    record.status = read;
+  } else if (found) {
     const uint32_t length = readLength(command);
     if (length > 0) {
       record.outputPayload = core::Payload(length);

@@ -1,8 +1,9 @@
 #include "devices/VendorList.h"
 
-#include <fstream>
 #include <sstream>
 #include <vector>
+
+#include "devices/RegularFile.h"
 
 namespace orlo::devices {
 
@@ -37,20 +38,19 @@ core::Status VendorList::add(const std::string& text) {
       found.push_back(id);
     }
   }
+  if (found.empty()) return namesNoVendor();
   ids_.insert(found.begin(), found.end());
   return core::Status::success();
 }
 
+core::Status VendorList::namesNoVendor() {
+  return core::Status(37, "The list names no PCI vendor ID.");
+}
+
 core::Status VendorList::addFile(const std::string& path) {
-  std::ifstream file(path);
-  if (!file) {
-    core::Status failed = core::Status::openFileFailed();
-    failed.setMessage("Failed to open the vendor list " + path + ".");
-    return failed;
-  }
-  std::ostringstream text;
-  text << file.rdbuf();
-  return add(text.str());
+  std::string text;
+  const core::Status read = readRegularFile(path, kFileLimit, text);
+  return core::succeeded(read) ? add(text) : read;
 }
 
 }  // namespace orlo::devices

@@ -1,15 +1,18 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <string>
 
 #include "devices/DriveChoice.h"
 #include "devices/DriveDiscovery.h"
+#include "devices/RegularFile.h"
 #include "devices/VendorList.h"
 #include "support/ScratchDirectory.h"
 
 namespace {
 
 using orlo::core::Status;
+using orlo::devices::VendorList;
 using orlo::testing::writeFile;
 namespace fs = std::filesystem;
 
@@ -95,8 +98,33 @@ TEST(VendorList, ReadsHexadecimalIdentifiersAndRefusesOtherWords) {
     EXPECT_EQ(list.add("abcd " + bad), Status(36, "")) << bad;
     EXPECT_FALSE(list.contains(0xABCD)) << "nothing is added from a bad text";
   }
-  orlo::devices::VendorList fromFile;
-  EXPECT_EQ(fromFile.addFile("/nonexistent/vendors"), Status::openFileFailed());
+  for (const std::string nothing : {",,,", "# none yet\n", " \n"}) {
+    EXPECT_EQ(orlo::devices::VendorList().add(nothing), VendorList::namesNoVendor()) << nothing;
+  }
+
+  orlo::testing::ScratchDirectory folder;
+  orlo::testing::writeFile(folder / "vendors", "1e5a # Veldra\n");
+  orlo::testing::writeFile(folder / "long", std::string(VendorList::kFileLimit, ' ') + "1e5a");
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  const struct {
+    std::string path;
+    Status status;
+    std::string message;
+  } files[] = {
+      {folder / "vendors", Status::success(), "Completed"},
+      {"/nonexistent/vendors", Status::openFileFailed(), "/nonexistent/vendors"},
+      {folder.path(), orlo::devices::notRegularFile("", ""), "is a directory"},
+      {folder / "pipe", orlo::devices::notRegularFile("", ""), "is a FIFO"},
+      {"/dev/zero", orlo::devices::notRegularFile("", ""), "is a character device"},
+      {folder / "long", orlo::devices::fileTooLarge("", 0), "larger than 64 KiB"},
+  };
+  for (const auto& file : files) {
+    VendorList fromFile;
+    const Status status = fromFile.addFile(file.path);
+    EXPECT_EQ(status, file.status) << file.path;
+    EXPECT_NE(status.message().find(file.message), std::string::npos) << status.message();
+    EXPECT_EQ(fromFile.contains(0x1E5A), file.status == Status::success());
+  }
 }
 
 }  // namespace
