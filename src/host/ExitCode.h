@@ -7,7 +7,8 @@ namespace orlo::host {
 // What `orlo` gives back to its caller.
 enum class ExitCode : int {
   success = 0,        // the command's result has type 0, or help was shown
-  commandFailed = 1,  // the command ran and its result has another type
+  commandFailed = 1,  // the command ran and its result has another type, or the
+                      // standard output could not be written
   refused = 2,        // the command line was refused before anything ran
   pluginFailed = 3,   // a plug-in could not be loaded, or an exception left it
 };

@@ -141,17 +141,31 @@ bool asksForHelp(const std::vector<std::string>& words) {
   });
 }
 
+std::optional<std::string> findEmptyHelp(const plugin::cli::CommandSpecs& specs,
+                                         const std::vector<std::string>& words) {
+  const auto asked = [&](const std::vector<std::string>& question) {
+    return std::any_of(specs.begin(), specs.end(),
+                       [&](const auto& spec) { return isAskedFor(question, *spec); });
+  };
+  if (asked(words)) return std::nullopt;
+  const std::string why = plugin::cli::messages::noCommandsToDisplay + ": ";
+  const std::string lists = "; 'orlo help' lists the commands.";
+  if (!isHelpWord(words[0])) return why + "no command has the verb '" + words[0] + "'" + lists;
+  std::string named;
+  for (auto word = words.begin() + 1; word != words.end(); ++word) {
+    if (!asked({words[0], *word})) return why + "no command answers to '" + *word + "'" + lists;
+    named += (named.empty() ? "'" : " and '") + *word + "'";
+  }
+  return why + "no one command answers to " + named + lists;
+}
+
 std::string writeHelp(const plugin::cli::CommandSpecs& specs,
                       const std::vector<std::string>& words) {
   std::ostringstream out;
   writeUsage(out);
-  bool any = false;
   for (const auto& spec : specs) {
-    if (!isAskedFor(words, *spec)) continue;
-    writeCommand(out, *spec);
-    any = true;
+    if (isAskedFor(words, *spec)) writeCommand(out, *spec);
   }
-  if (!any) out << "\n" << plugin::cli::messages::noCommandsToDisplay << "\n";
   return out.str();
 }
 

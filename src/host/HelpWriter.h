@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,11 @@ namespace orlo::host {
 // True for `orlo`, `orlo help ...`, `orlo -help ...` and `orlo <verb> ... -help`
 // (or "-h", in any case).
 bool asksForHelp(const std::vector<std::string>& words);
+
+// Why the help that `words` ask for would show no command: a word that picks none, or
+// words that no one command answers to all at once. Nothing when it shows one.
+std::optional<std::string> findEmptyHelp(const plugin::cli::CommandSpecs& specs,
+                                         const std::vector<std::string>& words);
 
 // The usage of orlo and of the commands that `words` ask about: after "help" or
 // "-help", those that every one of "Verb=<verb>", "Name=<name>" and bare words (a

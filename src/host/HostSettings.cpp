@@ -1,6 +1,11 @@
 #include "host/HostSettings.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 #include "orlo/core/Strings.h"
 #include "plugins/plugin.cliframework/Vocabulary.h"
@@ -25,11 +30,22 @@ bool isHostFlag(const std::string& word) {
          iequals(word, makerVendorsFlag) || iequals(word, makerVendorsFileFlag);
 }
 
+// The logger drops what it cannot write without a word, so the file is opened for
+// appending here, as the logger will, and a directory or a missing folder is refused
+// before anything runs. O_NONBLOCK: a FIFO that nobody reads is refused, not waited on.
+std::optional<std::string> checkLogFile(const std::string& path) {
+  const int file = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666);
+  if (file < 0) return "Cannot append to " + path + ": " + std::strerror(errno) + ".";
+  close(file);
+  return std::nullopt;
+}
+
 std::optional<std::string> apply(const std::string& flag, const std::string& value,
                                  HostSettings& settings) {
   if (iequals(flag, pluginDirFlag)) {
     settings.pluginDirectory = value;
   } else if (iequals(flag, logFileFlag)) {
+    if (auto error = checkLogFile(value)) return "Option " + flag + ": " + *error;
     settings.logFile = value;
   } else if (iequals(flag, makerVendorsFlag) || iequals(flag, makerVendorsFileFlag)) {
     auto& makers = settings.drives.makers;

@@ -34,7 +34,8 @@ extern const std::vector<HostFlag> hostFlags;
 
 // Moves the host's flags out of `words` into `settings`, leaving the command's own
 // words in their order. Gives the message for a flag without its value, an output
-// format that is not one of the four, or a vendor list that does not read.
+// format that is not one of the four, a vendor list that does not read or names no
+// vendor, or a log file that cannot be appended to.
 std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings);
 
 // Whether `words` hold "-output json" (in any case), for a refusal of the host's flags

@@ -6,6 +6,8 @@
 #include <boost/dll/import.hpp>
 #include <system_error>
 
+#include "host/LibraryFile.h"
+
 namespace orlo::host {
 
 namespace {
@@ -52,6 +54,9 @@ std::optional<std::string> PluginSet::load(const std::filesystem::path& folder,
 
 std::optional<std::string> PluginSet::loadLibrary(const std::filesystem::path& file,
                                                   const std::string& logFile) {
+  if (auto problem = findCutShortLibrary(file)) {
+    return "Cannot load the plug-in " + file.string() + ": " + *problem;
+  }
   try {
     // Kept from the start, so that whatever the library has put into the registry
     // is dropped before the library goes.

@@ -22,7 +22,8 @@ class PluginSet {
 
   // Loads every "*.so" file of `folder`, in name order: imports its aliases
   // initialize_logger and register_features, points its logging at `logFile` (none
-  // when empty) and registers it. Gives the message of the first failure.
+  // when empty) and registers it. Gives the message of the first failure; a library
+  // cut short is one, found before it is mapped.
   std::optional<std::string> load(const std::filesystem::path& folder, const std::string& logFile);
 
   plugin::cli::PluginRegistry& registry() { return registry_; }

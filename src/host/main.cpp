@@ -1,6 +1,9 @@
 // orlo: loads the plug-ins, reads the command line against their commands, runs the
 // chosen command and renders its result. See ExitCode.h for what it gives back.
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -37,21 +40,37 @@ bool wantsJson(const HostSettings& settings) {
   return settings.outputFormat == plugin::cli::formats::json;
 }
 
+// Writes `text` on the standard output and gives `code`. Output that does not get there
+// whole (a full disk, a closed pipe) is a failure whatever the command gave, said on the
+// standard error: whoever reads the output would take a cut or empty one for the whole.
+int emit(const std::string& text, ExitCode code) {
+  std::cout.flush();
+  errno = 0;
+  if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0 &&
+      !std::ferror(stdout)) {
+    return exitWith(code);
+  }
+  const int error = errno;
+  std::cerr << "orlo: Cannot write to the standard output"
+            << (error != 0 ? std::string(": ") + std::strerror(error) : std::string()) << "."
+            << std::endl;
+  return exitWith(ExitCode::commandFailed);
+}
+
 // One line on the standard error; with JSON asked for, a document on the standard
 // output as well, so that whatever reads it always gets one.
 int fail(const std::string& message, ExitCode code, bool json,
          const std::vector<std::string>& printed = {}) {
+  std::cout.flush();  // what a plug-in printed comes first
   std::cerr << "orlo: " << message << std::endl;
-  if (json) std::cout << jsonFailure(message, code, printed) << std::flush;
-  return exitWith(code);
+  return json ? emit(jsonFailure(message, code, printed), code) : exitWith(code);
 }
 
 int answer(const plugin::cli::ResultBase& result, const HostSettings& settings,
            const std::vector<std::string>& printed = {}) {
-  std::cout << (wantsJson(settings) ? jsonDocument(result, printed)
-                                    : render(result, settings.outputFormat))
-            << std::flush;
-  return exitWith(exitCodeFor(result));
+  return emit(
+      wantsJson(settings) ? jsonDocument(result, printed) : render(result, settings.outputFormat),
+      exitCodeFor(result));
 }
 
 // Everything a plug-in hands back is gone when this returns, before the plug-ins
@@ -62,9 +81,9 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
   plugin::cli::CommandSpecs specs = registry.commands;
   specs.insert(specs.end(), hostCommandSpecs().begin(), hostCommandSpecs().end());
   if (asksForHelp(words)) {
+    if (auto empty = findEmptyHelp(specs, words)) return fail(*empty, ExitCode::refused, json);
     const std::string help = writeHelp(specs, words);
-    std::cout << (json ? jsonHelp(help) : help);
-    return exitWith(ExitCode::success);
+    return emit(json ? jsonHelp(help) : help, ExitCode::success);
   }
   CommandChoice choice = chooseCommand(specs, words);
   if (choice.spec == nullptr) return fail(choice.error, ExitCode::refused, json);
@@ -99,7 +118,6 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
   const RunOutcome outcome = runCommand(registry, choice.spec, choice.command, drive.device);
   const std::vector<std::string> printed = json ? capture.finish() : std::vector<std::string>();
   if (outcome.result == nullptr) {
-    std::cout.flush();
     return fail(outcome.failure, ExitCode::pluginFailed, json, printed);
   }
   return answer(*outcome.result, settings, printed);

@@ -34,9 +34,9 @@ class InstalledOrlo : public ::testing::Test {
   }
 
   // Under a time limit, since a path that blocks when opened (a FIFO) could hang a run.
-  Invocation orlo(Words words) const {
+  Invocation orlo(Words words, const std::string& prefix = "") const {
     words.insert(words.begin(), std::string(ORLO_STAGE_DIR) + "/bin/orlo");
-    return orlo::testing::runThroughShell(words, outputs, "timeout 60");
+    return orlo::testing::runThroughShell(words, outputs, "timeout 60 " + prefix);
   }
 
   // `json` read by Python's strict reader, which takes one document and nothing after
@@ -144,6 +144,45 @@ TEST_F(InstalledOrlo, RefusedCommandLinesExitWithTwoAndTouchNothing) {
   EXPECT_TRUE(std::filesystem::is_fifo(scratch / "pipe"));
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
   EXPECT_FALSE(std::filesystem::exists("/dev/null.zip"));
+}
+
+// Host flags that name what cannot serve, help that names nothing and an output that cannot
+// be written: one line on the standard error, and the exit code says which.
+TEST_F(InstalledOrlo, UnusableFlagsHelpAndOutputAreReportedInOneLine) {
+  // The plug-ins, one of them cut short: its program headers reach past its end.
+  const std::string plugins = scratch / "plugins";
+  std::filesystem::copy(std::string(ORLO_STAGE_DIR) + "/lib/orlo/plugins", plugins);
+  std::filesystem::resize_file(plugins + "/libupdate_ir.so", 4096);
+  writeFile(scratch / "vendors", std::string(64 * 1024, '#') + "\n1e5a\n");
+  writeFile(scratch / "comments", "# the maker's vendors, none yet\n");
+  const std::string toFullDisk = "sh -c '\"$@\" >/dev/full' sh";
+  const struct {
+    Words words;
+    int exitCode;
+    std::string error;
+    std::string prefix = "";
+  } cases[] = {
+      {{"help", "-plugin-dir", plugins}, 3, plugins + "/libupdate_ir.so"},
+      {{"help", "-maker-vendors-file", "/dev/zero"}, 2, "/dev/zero is a character device"},
+      {{"help", "-maker-vendors-file", scratch.path()}, 2, "is a directory"},
+      {{"help", "-maker-vendors-file", scratch / "vendors"}, 2, "larger than 64 KiB"},
+      {{"help", "-maker-vendors-file", scratch / "comments"}, 2, "names no PCI vendor ID"},
+      {{"help", "-maker-vendors", ",,,"}, 2, "names no PCI vendor ID"},
+      {{"help", "-log-file", scratch.path()}, 2, "Is a directory"},
+      {{"help", "-log-file", scratch / "missing/orlo.log"}, 2, "No such file or directory"},
+      {{"help", "bogus"}, 2, "'bogus'"},
+      {{"help", "update", "Name=Drives"}, 2, "'update' and 'Name=Drives'"},
+      {{"help"}, 1, "No space left on device", toFullDisk},
+      {{"update", "-source", source, "-destination", archive}, 1, "No space left", toFullDisk},
+  };
+  for (const auto& c : cases) {
+    const Invocation run = orlo(c.words, c.prefix);
+    EXPECT_EQ(run.exitCode, c.exitCode) << c.words.back() << ": " << run.err;
+    EXPECT_TRUE(run.out.empty()) << c.words.back();
+    EXPECT_NE(run.err.find(c.error), std::string::npos) << run.err;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+  }
+  EXPECT_FALSE(std::filesystem::exists(scratch / "missing"));
 }
 
 TEST_F(InstalledOrlo, AnExceptionFromThePluginEndsInOneLine) {
