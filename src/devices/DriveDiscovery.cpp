@@ -42,18 +42,26 @@ bool allDigits(const std::string& text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), ::isdigit);
 }
 
+fs::path nvmeFolder(const fs::path& sysRoot) {
+  return sysRoot / "class" / "nvme";
+}
+
+fs::path diskFolder(const fs::path& sysRoot) {
+  return sysRoot / "block";
+}
+
 }  // namespace
 
 std::vector<DriveEntry> discoverDrives(const fs::path& sysRoot) {
   std::vector<DriveEntry> drives;
-  for (const std::string& name : namesUnder(sysRoot / "class" / "nvme", "nvme")) {
+  for (const std::string& name : namesUnder(nvmeFolder(sysRoot), "nvme")) {
     if (!allDigits(name.substr(4))) continue;
-    const fs::path controller = sysRoot / "class" / "nvme" / name;
+    const fs::path controller = nvmeFolder(sysRoot) / name;
     drives.push_back({0, "/dev/" + name, "NVME", readText(controller / "model"),
                       readText(controller / "serial"), readText(controller / "firmware_rev")});
   }
-  for (const std::string& name : namesUnder(sysRoot / "block", "sd")) {
-    const fs::path device = sysRoot / "block" / name / "device";
+  for (const std::string& name : namesUnder(diskFolder(sysRoot), "sd")) {
+    const fs::path device = diskFolder(sysRoot) / name / "device";
     if (readText(device / "vendor") != "ATA") continue;
     // The unit serial number page: a four-byte header, then the serial number.
     drives.push_back({0, "/dev/" + name, "ATA", readText(device / "model"),
@@ -61,6 +69,11 @@ std::vector<DriveEntry> discoverDrives(const fs::path& sysRoot) {
   }
   for (std::size_t i = 0; i < drives.size(); ++i) drives[i].index = static_cast<uint32_t>(i);
   return drives;
+}
+
+std::string drivePlaces(const fs::path& sysRoot) {
+  return "NVMe controllers in " + nvmeFolder(sysRoot).string() + " and SATA disks in " +
+         diskFolder(sysRoot).string();
 }
 
 }  // namespace orlo::devices

@@ -24,4 +24,8 @@ struct DriveEntry {
 // firmware at 4, from the SCSI inquiry that libata makes up for it.
 std::vector<DriveEntry> discoverDrives(const std::filesystem::path& sysRoot = "/sys");
 
+// Where discoverDrives looks, in words: "NVMe controllers in /sys/class/nvme and SATA
+// disks in /sys/block".
+std::string drivePlaces(const std::filesystem::path& sysRoot);
+
 }  // namespace orlo::devices

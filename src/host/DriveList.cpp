@@ -2,10 +2,19 @@
 
 #include <string>
 
+#include "plugins/plugin.cliframework/ResultMakers.h"
+#include "plugins/plugin.cliframework/StatusResult.h"
+#include "plugins/plugin.cliframework/XmlTreeResult.h"
+
 namespace orlo::host {
 
-std::unique_ptr<orlo::core::xml::XmlObject> driveTree(
-    const std::vector<orlo::devices::DriveEntry>& drives) {
+std::shared_ptr<plugin::cli::ResultBase> driveList(
+    const std::vector<orlo::devices::DriveEntry>& drives, const std::filesystem::path& sysRoot) {
+  if (drives.empty()) {
+    return plugin::cli::makeStatusResult(
+        "No drive found: orlo looked for " + orlo::devices::drivePlaces(sysRoot) + ".",
+        plugin::cli::StatusResult::deviceNotFoundType);
+  }
   auto root = std::make_unique<orlo::core::xml::XmlObject>();
   root->attribute("name") = "Drives";
   for (const auto& drive : drives) {
@@ -19,7 +28,7 @@ std::unique_ptr<orlo::core::xml::XmlObject> driveTree(
     for (const auto& [label, value] : rows) entry->addProperty(label, "", value);
     root->addObject("Drive " + std::to_string(drive.index), std::move(entry));
   }
-  return root;
+  return std::make_shared<plugin::cli::XmlTreeResult>(std::move(root));
 }
 
 }  // namespace orlo::host

@@ -11,7 +11,6 @@
 #include "plugins/plugin.cliframework/SharedParts.h"
 #include "plugins/plugin.cliframework/StatusResult.h"
 #include "plugins/plugin.cliframework/Vocabulary.h"
-#include "plugins/plugin.cliframework/XmlTreeResult.h"
 
 namespace orlo::host {
 
@@ -50,8 +49,7 @@ std::shared_ptr<CommandSpec> captureSpec() {
 }
 
 std::shared_ptr<plugin::cli::ResultBase> listDrives(const orlo::devices::DriveOptions& options) {
-  return std::make_shared<plugin::cli::XmlTreeResult>(
-      driveTree(orlo::devices::discoverDrives(options.sysRoot)));
+  return driveList(orlo::devices::discoverDrives(options.sysRoot), options.sysRoot);
 }
 
 std::shared_ptr<plugin::cli::ResultBase> capture(const plugin::cli::ParsedCommand& command,
