@@ -18,8 +18,9 @@ struct CommandChoice {
 
 // Among the command specifications whose verb is `words[0]` (in any case), the first that
 // the words fit. When none fits, the refusal is that of the first command that knew
-// every word, or else that of the first command of the verb. `words` holds at least
-// the verb.
+// every word; or else, when several commands have the verb and none takes every
+// property given, one that names each command and the properties it takes; or else that
+// of the first command of the verb. `words` holds at least the verb.
 CommandChoice chooseCommand(const plugin::cli::CommandSpecs& specs,
                             const std::vector<std::string>& words);
 

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -23,6 +24,16 @@ TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
   std::filesystem::permissions(node, std::filesystem::perms::none);
   const std::string withoutOverride =
       geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search" : "";
+  // Replies that are no regular files: a folder, and a FIFO that nothing writes to.
+  const std::string folderReply = scratch / "folder-reply";
+  const std::string fifoReply = scratch / "fifo-reply";
+  const std::string controller = "/nvme-identify-cns01-nsid00000000.bin";
+  const std::string namespaces = "/nvme-identify-cns02-nsid00000000.bin";
+  for (const std::string& image : {folderReply, fifoReply}) std::filesystem::copy(nvmeImage, image);
+  std::filesystem::remove(folderReply + controller);
+  std::filesystem::create_directory(folderReply + controller);
+  std::filesystem::remove(fifoReply + namespaces);
+  ASSERT_EQ(mkfifo((fifoReply + namespaces).c_str(), 0600), 0);
 
   const std::string noReply =
       "Result: NVMe command reported a problem: Invalid Field in Command (0x4002).\n";
@@ -69,12 +80,38 @@ TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
        2,
        "",
        "orlo: Option -maker-vendors: Not a PCI vendor ID: \"xyz\".\n"},
+      {{"show", "-ssd", folderReply, cns + "1"},
+       1,
+       "Result: Device image " + folderReply + " has no Identify reply: " + folderReply +
+           controller + " is a directory, not a regular file.\n"},
+      {{"show", "-ssd", fifoReply, cns + "2"},
+       1,
+       "Result: " + fifoReply + namespaces + " is a FIFO, not a regular file.\n",
+       "",
+       "timeout 60"},
+      // Each command of the verb lacks one of the two properties.
+      {{"show", "-ssd", nvmeImage, "LogName=CommandEffectsLog", "NamespaceId=1"},
+       2,
+       "",
+       "orlo: No command of 'orlo show' takes the properties LogName and NamespaceId together: "
+       "Identify takes NamespaceId, ControllerNamespaceStructure; LogPage takes LogName; Drives "
+       "takes none.\n"},
   };
   for (const auto& c : cases) {
     const Invocation run = orlo(c.words, c.prefix);
     EXPECT_EQ(run.exitCode, c.exitCode) << c.words[2];
     EXPECT_EQ(run.out, c.out);
     EXPECT_EQ(run.err, c.err);
+  }
+}
+
+// An ATA drive takes neither property of the NVMe structures; the help says what it answers.
+TEST_F(Failures, AnAtaDriveAnswersAsTheHelpSays) {
+  const std::string help = orlo({"help", "show"}).out;
+  for (const std::string property : {"ControllerNamespaceStructure=0", "NamespaceId=1"}) {
+    const Invocation run = orlo({"show", "-ssd", sataImage, property});
+    ASSERT_EQ(run.out.substr(0, 8), "Result: ") << run.out;
+    EXPECT_NE(help.find(run.out.substr(8, run.out.size() - 9)), std::string::npos) << run.out;
   }
 }
 

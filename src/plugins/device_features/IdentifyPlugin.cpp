@@ -21,10 +21,13 @@ IdentifyPlugin::IdentifyPlugin()
                    "17 allocated namespace, 18 attached controllers, 19 all controllers, "
                    "20 primary controller capabilities, 21 secondary controllers, "
                    "22 namespace granularity, 23 UUID list, 26 namespace IDs of a command set, "
-                   "28 I/O command sets. An ATA drive always shows IDENTIFY DEVICE.");
+                   "28 I/O command sets. An ATA drive shows IDENTIFY DEVICE only when neither "
+                   "this nor NamespaceId is given: with either, whatever its value, it answers "
+                   "\"The selected drive does not support this feature.\" (exit code 0).");
   describeProperty(*spec, orlo::core::properties::namespaceId(), "NSID",
                    "NVMe namespace, decimal or 0x hex (default: the namespace of the node, else "
-                   "all namespaces, 0xFFFFFFFF; 0 for the namespace lists).");
+                   "all namespaces, 0xFFFFFFFF; 0 for the namespace lists). Not for an ATA drive: "
+                   "see ControllerNamespaceStructure.");
   commandSpecs.push_back(spec);
 }
 
