@@ -73,7 +73,8 @@ const std::vector<HostFlag> hostFlags = {
      "PCI vendor IDs, in hex and separated by commas, whose drives are the maker's own; only "
      "those give their log pages (default: none)."},
     {"-maker-vendors-file", "path",
-     "The same IDs read from a file, one or more a line; \"#\" starts a comment."},
+     "The same IDs read from a regular file of at most 64 KiB, one or more a line; \"#\" "
+     "starts a comment."},
 };
 
 std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings) {
