@@ -67,6 +67,9 @@ Error ArchiveUpdater::open() {
 
 Error ArchiveUpdater::indexExistingEntries() {
   const zip_int64_t count = zip_get_num_entries(archive_, 0);
+  // The old entries, their headers and the central directory, to be copied,
+  // cloned or written again.
+  if (count > 0) progress_.expect(static_cast<zip_int64_t>(file_.oldSize()));
   for (zip_uint64_t index = 0; index < static_cast<zip_uint64_t>(count); ++index) {
     const char* name = zip_get_name(archive_, index, 0);
     if (name == nullptr) {
@@ -74,10 +77,6 @@ Error ArchiveUpdater::indexExistingEntries() {
     }
     if (!isSafeEntryName(name)) return messages::archiveEntryUnsafe(target_.shownName, name);
     byName_[foldCase(name)].push_back(index);
-    zip_stat_t status;
-    if (zip_stat_index(archive_, index, 0, &status) == 0 && (status.valid & ZIP_STAT_COMP_SIZE)) {
-      progress_.expect(static_cast<zip_int64_t>(status.comp_size));
-    }
   }
   return std::nullopt;
 }

@@ -20,6 +20,10 @@ namespace {
 
 constexpr std::size_t kOutputBuffer = 1 << 18;
 constexpr std::size_t kInputBuffer = 1 << 18;
+// Reading ahead starts this small after a jump: libzip checks an archive by
+// reading each entry's header, a few dozen bytes far apart, and reading a full
+// buffer for each would read a large archive many times over.
+constexpr std::size_t kFirstReadAhead = 4 << 10;
 
 // A buffer left as the allocator gives it: only the pages written to are ever
 // touched, where zero-filling would touch every one. A small update uses a
@@ -147,7 +151,7 @@ zip_int64_t DurableArchiveFile::read(void* data, zip_uint64_t length) {
   while (done < length) {
     const zip_uint64_t offset = inputOffset_ + done;
     if (offset < bufferStart_ || offset >= bufferStart_ + bufferLength_) {
-      const zip_int64_t got = readAhead(offset);
+      const zip_int64_t got = readAhead(offset, length - done);
       if (got < 0) return got;
       if (got == 0) break;
     }
@@ -160,13 +164,17 @@ zip_int64_t DurableArchiveFile::read(void* data, zip_uint64_t length) {
   return static_cast<zip_int64_t>(done);
 }
 
-zip_int64_t DurableArchiveFile::readAhead(zip_uint64_t offset) {
+zip_int64_t DurableArchiveFile::readAhead(zip_uint64_t offset, zip_uint64_t wanted) {
   if (!inputBuffer_) inputBuffer_ = untouched(kInputBuffer);
+  // Reading on from where the last block ended doubles the next block.
+  const bool onward = offset == bufferStart_ + bufferLength_;
+  readAhead_ = std::min(kInputBuffer, onward ? 2 * readAhead_ : kFirstReadAhead);
+  readAhead_ = std::max<std::size_t>(readAhead_, std::min<zip_uint64_t>(wanted, kInputBuffer));
   bufferStart_ = offset;
   bufferLength_ = 0;
-  while (bufferLength_ < kInputBuffer) {
+  while (bufferLength_ < readAhead_) {
     const ssize_t got =
-        pread(input_, inputBuffer_.get() + bufferLength_, kInputBuffer - bufferLength_,
+        pread(input_, inputBuffer_.get() + bufferLength_, readAhead_ - bufferLength_,
               static_cast<off_t>(offset + bufferLength_));
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return fail(ZIP_ER_READ, errno);

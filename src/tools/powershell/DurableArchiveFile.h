@@ -35,11 +35,15 @@ class DurableArchiveFile {
   // A libzip source on the file; this object must outlive it.
   zip_source_t* makeSource(zip_error_t* error);
 
+  // The size of the old archive once libzip has opened it; 0 before, or when
+  // there is none.
+  zip_uint64_t oldSize() const { return inputSize_; }
+
  private:
   static zip_int64_t dispatch(void* self, void* data, zip_uint64_t length,
                               zip_source_cmd_t command);
   zip_int64_t fail(int zipError, int systemError);
-  zip_int64_t readAhead(zip_uint64_t offset);
+  zip_int64_t readAhead(zip_uint64_t offset, zip_uint64_t wanted);
 
   bool haveInput();
   zip_int64_t openForReading();
@@ -68,6 +72,7 @@ class DurableArchiveFile {
   std::unique_ptr<char[]> inputBuffer_;
   zip_uint64_t bufferStart_ = 0;   // where in the file inputBuffer_ begins
   zip_uint64_t bufferLength_ = 0;  // how much of inputBuffer_ holds file data
+  std::size_t readAhead_ = 0;      // the length of the last block read
   mode_t inputMode_ = 0;
   uid_t inputOwner_ = 0;
   gid_t inputGroup_ = 0;
