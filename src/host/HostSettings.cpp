@@ -1,6 +1,6 @@
 #include "host/HostSettings.h"
 
-#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -30,13 +30,26 @@ bool isHostFlag(const std::string& word) {
          iequals(word, makerVendorsFlag) || iequals(word, makerVendorsFileFlag);
 }
 
-// The logger drops what it cannot write without a word, so the file is opened for
-// appending here, as the logger will, and a directory or a missing folder is refused
-// before anything runs. O_NONBLOCK: a FIFO that nobody reads is refused, not waited on.
+std::string cannotAppend(const std::string& path, int error) {
+  return "Cannot append to " + path + ": " + std::strerror(error) + ".";
+}
+
+// The logger drops what it cannot write without a word, so a path it could not append to
+// is refused here, before anything runs: a directory, a file in a missing folder, one
+// that may not be written. Nothing is created, so that a refused line leaves no trace.
 std::optional<std::string> checkLogFile(const std::string& path) {
-  const int file = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666);
-  if (file < 0) return "Cannot append to " + path + ": " + std::strerror(errno) + ".";
-  close(file);
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) {
+    if (S_ISDIR(status.st_mode)) return cannotAppend(path, EISDIR);
+    if (access(path.c_str(), W_OK) != 0) return cannotAppend(path, errno);
+    return std::nullopt;
+  }
+  if (errno != ENOENT) return cannotAppend(path, errno);
+  const std::filesystem::path parent = std::filesystem::path(path).parent_path();
+  const std::string folder = parent.empty() ? "." : parent.string();
+  if (stat(folder.c_str(), &status) != 0) return cannotAppend(path, errno);
+  if (!S_ISDIR(status.st_mode)) return cannotAppend(path, ENOTDIR);
+  if (access(folder.c_str(), W_OK) != 0) return cannotAppend(path, errno);
   return std::nullopt;
 }
 
