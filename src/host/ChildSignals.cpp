@@ -31,8 +31,11 @@ char* appendNumber(char* end, pid_t number) {
   return end;
 }
 
-// Signals every child of `pid` and their children, deepest first; says whether
-// there were any. Only what a signal handler may do: no allocation, no stdio.
+// Signals the deepest descendants of `pid`: a process whose children got the signal
+// hears of their end from them. A shell between orlo and the program it runs would
+// otherwise die at once, and orlo, whose wait ends with it, would report while the
+// program still removes its temporary file. Says whether there were any. Only what a
+// signal handler may do: no allocation, no stdio.
 bool signalDescendants(pid_t pid, int signal, int depth) {
   char path[80];
   char* end = appendText(path, "/proc/");
@@ -57,8 +60,7 @@ bool signalDescendants(pid_t pid, int signal, int depth) {
       continue;
     }
     if (child <= 0) continue;
-    if (depth > 1) signalDescendants(child, signal, depth - 1);
-    kill(child, signal);
+    if (depth == 1 || !signalDescendants(child, signal, depth - 1)) kill(child, signal);
     found = true;
     child = 0;
   }

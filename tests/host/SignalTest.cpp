@@ -70,8 +70,10 @@ TEST(Signals, ATerminatedUpdateLeavesTheArchiveAsItWasAndNothingBesideIt) {
     running = waitpid(pid, &status, WNOHANG) == 0;
   }
   ASSERT_TRUE(running) << "the update ended before its temporary file was seen";
+  const bool seen = holdsTemporaryFile(scratch.path());
   kill(pid, SIGTERM);
   ASSERT_EQ(waitpid(pid, &status, 0), pid);
+  ASSERT_TRUE(seen) << "no temporary file within a minute";
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << status;
   const std::string failed = "Failed to update destination file with " + source + "\n";
   EXPECT_EQ(readFile(outputs / "out"), failed + "Result: " + failed);
