@@ -143,6 +143,12 @@ def entry_names(archive):
 def fresh_copy(base, archive):
     shutil.copyfile(base, archive)
     os.sync()
+    # Read it once, so that every tool finds it in the page cache: proactive reclaim
+    # (DAMON on this kind of machine) otherwise drops the pages of a fresh copy at
+    # random, and whichever tool runs then reads the archive from the disk.
+    with open(archive, "rb") as opened:
+        while opened.read(1 << 20):
+            pass
 
 
 def median_case(bench, base, source, folder, rounds):

@@ -21,8 +21,17 @@ std::vector<int> percentagesIn(std::FILE* line) {
 
 TEST_F(ProviderTest, ProgressFollowsTheBytesNotTheEntries) {
   // One large file beside four small old entries: counted by entries, the line
-  // would stand at 80% until the large file was done.
-  writeZip(dir / "x.zip", {{"a", "a"}, {"b", "b"}, {"c", "c"}, {"d", "d"}});
+  // would stand at 80% until the large file was done. The old entries fill
+  // several blocks and end inside one, so that their copy into the new archive
+  // goes both ways, whole blocks directly and the rest through the page cache.
+  std::map<std::string, std::string> old;
+  for (const char* name : {"a", "b", "c", "d"}) {
+    for (unsigned value = name[0]; old[name].size() < 9000;) {
+      value = value * 1103515245u + 12345u;
+      old[name].push_back(static_cast<char>(value >> 16));
+    }
+  }
+  writeZip(dir / "x.zip", old);
   std::string text;
   for (int line = 0; text.size() < (6u << 20); ++line) {
     text += "line " + std::to_string(line * 7919 % 100003) + "\n";
@@ -38,6 +47,9 @@ TEST_F(ProviderTest, ProgressFollowsTheBytesNotTheEntries) {
     ProgressLine progress("x.zip", line, std::chrono::milliseconds(0));
     ASSERT_FALSE(ArchiveUpdater(target, request, progress).write(entries));
   }
+  const auto after = readArchive(dir / "x.zip");
+  for (const auto& [name, data] : old) EXPECT_TRUE(after.at(name).data == data) << name;
+  EXPECT_TRUE(after.at("big.txt").data == text);
   const std::vector<int> shown = percentagesIn(line);
   std::fclose(line);
   ASSERT_GE(shown.size(), 20u);

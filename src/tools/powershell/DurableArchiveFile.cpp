@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -35,6 +36,9 @@ std::unique_ptr<char[]> untouched(std::size_t size) {
 // The kernel copies the kept start in pieces this large, so that the progress
 // line moves while it does.
 constexpr std::size_t kCopyPiece = 16 << 20;
+// Direct I/O moves whole blocks of the file system, from memory aligned to them.
+constexpr std::size_t kDirectBlock = 4 << 10;
+constexpr std::size_t kDirectPiece = 1 << 20;
 
 }  // namespace
 
@@ -247,10 +251,41 @@ zip_int64_t DurableArchiveFile::createTemporary(int& descriptor) {
   return 0;
 }
 
+// Copies the old archive's bytes from offset 0 up to `length`, rounded down to
+// whole blocks, into the temporary file with direct I/O, and sets `copied`.
+// Direct writes go to the disk without passing through the page cache: a
+// large archive is not held in memory a second time, and the final flush has
+// only the tail left to write. A file system that refuses direct I/O copies
+// nothing here. Returns an errno, 0 when done.
+int DurableArchiveFile::copyDirect(zip_uint64_t length, loff_t& copied) {
+  const zip_uint64_t end = length - length % kDirectBlock;
+  copied = 0;
+  if (end == 0) return 0;
+  const int direct = ::open(temporary_.c_str(), O_WRONLY | O_DIRECT | O_CLOEXEC);
+  if (direct < 0) return 0;
+  std::unique_ptr<char, void (*)(void*)> buffer(
+      static_cast<char*>(std::aligned_alloc(kDirectBlock, kDirectPiece)), std::free);
+  int problem = buffer ? 0 : ENOMEM;
+  while (problem == 0 && static_cast<zip_uint64_t>(copied) < end) {
+    const auto piece = static_cast<std::size_t>(std::min<zip_uint64_t>(kDirectPiece, end - copied));
+    ssize_t done = pread(input_, buffer.get(), piece, copied);
+    if (done == static_cast<ssize_t>(piece)) done = pwrite(direct, buffer.get(), piece, copied);
+    if (done < 0 && errno == EINTR) continue;
+    // Refused at the first block: no direct I/O here, the other ways copy it all.
+    if (done < 0 && copied == 0 && errno == EINVAL) break;
+    if (done < 0) problem = errno;
+    if (done != static_cast<ssize_t>(piece)) break;  // short: the rest goes the other ways
+    copied += done;
+    progress_.advance(done);
+  }
+  close(direct);
+  return problem;
+}
+
 // Puts the first `length` bytes of the old archive into the empty temporary
 // file: a clone of the whole file cut to length where the file system shares
-// extents, else the kernel's copy, else a plain one. Returns an errno, 0 when
-// done.
+// extents, else a direct copy of its whole blocks, and the rest by the
+// kernel's copy, else a plain one. Returns an errno, 0 when done.
 int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
   if (!haveInput()) return errno;
   if (ioctl(descriptor, FICLONE, input_) == 0) {
@@ -258,15 +293,17 @@ int DurableArchiveFile::cloneStart(int descriptor, zip_uint64_t length) {
     progress_.advance(static_cast<zip_int64_t>(length));
     return 0;
   }
-  loff_t from = 0;
   loff_t to = 0;
+  if (const int problem = copyDirect(length, to)) return problem;
+  const loff_t start = to;
+  loff_t from = to;
   bool kernelCopies = true;
   while (static_cast<zip_uint64_t>(to) < length) {
     const std::size_t left = static_cast<std::size_t>(length - static_cast<zip_uint64_t>(to));
     ssize_t done = -1;
     if (kernelCopies) {
       done = copy_file_range(input_, &from, descriptor, &to, std::min(left, kCopyPiece), 0);
-      if (done < 0 && to == 0 &&
+      if (done < 0 && to == start &&
           (errno == EXDEV || errno == ENOSYS || errno == EOPNOTSUPP || errno == EINVAL)) {
         kernelCopies = false;
         continue;

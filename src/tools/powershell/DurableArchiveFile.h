@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/types.h>
 #include <zip.h>
 
 #include <cstdio>
@@ -54,6 +55,7 @@ class DurableArchiveFile {
   zip_int64_t beginWriteCloning(zip_uint64_t length);
   zip_int64_t createTemporary(int& descriptor);
   int cloneStart(int descriptor, zip_uint64_t length);
+  int copyDirect(zip_uint64_t length, loff_t& copied);
   zip_int64_t startOutput(int descriptor);
   zip_int64_t write(const void* data, zip_uint64_t length);
   zip_int64_t seekWrite(void* data, zip_uint64_t length);
