@@ -23,10 +23,14 @@ namespace properties = core::properties;
 constexpr uint32_t kAllNamespaces = 0xFFFFFFFF;
 constexpr uint32_t kMostNamespaces = 16;
 
-// The Identify structures that the toolkit decodes.
-constexpr uint8_t kDecodedStructures[] = {0, 1, 2, 3, 16, 17, 18, 19, 20, 21, 22, 23, 26, 28};
-
+constexpr uint8_t kActiveNamespaceList = 2;
+constexpr uint8_t kAllocatedNamespaceList = 16;
 constexpr uint8_t kUUIDList = 23;
+
+// The Identify structures that the toolkit decodes.
+constexpr uint8_t kDecodedStructures[] = {
+    0,  1, kActiveNamespaceList, 3, kAllocatedNamespaceList, 17, 18, 19, 20, 21, 22, kUUIDList,
+    26, 28};
 
 struct LogPage {
   uint8_t id;
@@ -67,8 +71,8 @@ core::Payload identify(Recorder& recorder, uint8_t cns, uint32_t namespaceId) {
   return recorder.keep(command);
 }
 
-// The active namespaces, from the list that starts after namespace 0.
-std::vector<uint32_t> activeNamespaces(const core::Payload& list) {
+// The namespaces of a namespace list that starts after namespace 0.
+std::vector<uint32_t> listedNamespaces(const core::Payload& list) {
   std::vector<uint32_t> namespaces;
   for (uint32_t at = 0; at + 4 <= list.size() && namespaces.size() < kMostNamespaces; at += 4) {
     const uint32_t id = list[at] | list[at + 1] << 8 | list[at + 2] << 16 |
@@ -98,7 +102,11 @@ void captureNvme(core::Device& device, Recorder& recorder) {
   std::set<uint32_t> namespaces = {0, kAllNamespaces};
   const uint32_t own = core::readUInt32(device.attributes, properties::namespaceId());
   if (own != 0) namespaces.insert(own);
-  for (const uint32_t id : activeNamespaces(identify(recorder, 2, 0))) namespaces.insert(id);
+  // The allocated namespaces as well as the attached ones: a detached namespace has no
+  // node, yet the drive describes it (CNS 11h) and the toolkit may ask for it.
+  for (const uint8_t list : {kActiveNamespaceList, kAllocatedNamespaceList}) {
+    for (const uint32_t id : listedNamespaces(identify(recorder, list, 0))) namespaces.insert(id);
+  }
   const uint32_t uuidIndex = vendorUUIDIndex(identify(recorder, kUUIDList, 0));
   for (const uint8_t cns : kDecodedStructures) {
     for (const uint32_t id : namespaces) identify(recorder, cns, id);

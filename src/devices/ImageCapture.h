@@ -11,11 +11,11 @@ namespace orlo::devices {
 // attributes, but not Veldra and VeldraNVMe, which the vendor list of whoever
 // replays the image decides, and the replies to the commands that the toolkit
 // sends. For NVMe these are every Identify structure that the toolkit decodes,
-// for the namespaces it may ask about (none, all, the node's own and the active
-// ones), and the log pages 5 and 221, the vendor's page with the UUID index of the
-// vendor's GUID as the toolkit sends it; for ATA, IDENTIFY DEVICE and CHECK POWER
-// MODE. A command that the drive refuses is left out, so that the replay refuses
-// it too. No user data is read.
+// for the namespaces it may ask about (none, all, the node's own, the active and
+// the allocated ones), and the log pages 5 and 221, the vendor's page with the
+// UUID index of the vendor's GUID as the toolkit sends it; for ATA, IDENTIFY
+// DEVICE and CHECK POWER MODE. A command that the drive refuses is left out, so that
+// the replay refuses it too. No user data is read.
 core::Status captureImage(core::Device& device, const std::string& directory);
 
 }  // namespace orlo::devices

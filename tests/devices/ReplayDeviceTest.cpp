@@ -170,4 +170,29 @@ TEST(ImageCapture, AsksTheVendorLogWithTheIndexOfTheVendorGUID) {
   EXPECT_EQ(uuidIndexOfLog, (std::map<uint32_t, uint32_t>{{5, 0}, {221, 3}}));
 }
 
+TEST(ImageCapture, RecordsAllocatedNamespacesThatNoControllerHasAttached) {
+  const auto list = [](std::initializer_list<uint8_t> ids) {
+    orlo::core::Payload data(4096);
+    std::size_t at = 0;
+    for (const uint8_t id : ids) data[4 * at++] = id;
+    return data;
+  };
+  const auto identify = [](uint32_t cns, uint32_t namespaceId) {
+    return orlo::test::FakeDevice::nvme([=](const orlo::commands::nvme::Command& command) {
+      return command.submissionEntry.bytes[0] == 6 && command.submissionEntry.dword(10) == cns &&
+             command.submissionEntry.dword(1) == namespaceId;
+    });
+  };
+  orlo::core::Payload detached(4096);
+  detached[0] = 0x2A;
+  orlo::test::FakeDevice drive;
+  drive.answer(identify(2, 0), {Status::success(), list({1}), nullptr});
+  drive.answer(identify(16, 0), {Status::success(), list({1, 2}), nullptr});
+  drive.answer(identify(17, 2), {Status::success(), detached, nullptr});
+  orlo::testing::ScratchDirectory image;
+  EXPECT_EQ(orlo::devices::captureImage(drive, image.path().string()), Status::success());
+  EXPECT_EQ(readFile((image.path() / "nvme-identify-cns11-nsid00000002.bin").string()),
+            std::string(reinterpret_cast<const char*>(detached.data()), detached.size()));
+}
+
 }  // namespace
