@@ -6,7 +6,9 @@ tests and as samples. Run it again after changing it; it rewrites both images.
   nvme-tamsel-t2     "Tamsel T2 3.84TB U.2": an NVMe 2.0 controller with one
                      namespace, namespace management, a UUID list, and the log
                      pages 5 (Commands Supported and Effects) and 221 (Marketing
-                     Description)
+                     Description); it refuses the allocated namespace structure
+                     (CNS 11h) of namespace 0 with Invalid Namespace or Format,
+                     which the image keeps
   sata-corvid-s300   "Corvid S300 512GB": a SATA SSD (ACS-4), IDENTIFY DEVICE and
                      CHECK POWER MODE; READ DMA has no reply, so it is refused
 
@@ -288,6 +290,9 @@ def main():
                     identify_name(0x03, 1): namespace_descriptors(),
                     identify_name(0x10, 0): id_list([1]),
                     identify_name(0x11, 1): identify_namespace(),
+                    # No namespace 0 exists: the drive's refusal, as the image keeps it.
+                    identify_name(0x11, 0).replace(".bin", ".status"):
+                        b"NvmeStatus=0x400B\nNvmeResult=0x00000000\n",
                     identify_name(0x12, 1): controller_list([1]),
                     identify_name(0x13, 0): controller_list([1]),
                     identify_name(0x14, 0): primary_controller_capabilities(),

@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "orlo/core/AttributeCollection.h"
 #include "orlo/core/Payload.h"
+#include "orlo/core/ProtocolResult.h"
 #include "orlo/core/Status.h"
 
 namespace orlo::devices {
@@ -16,6 +18,12 @@ namespace orlo::devices {
 //                   spell them); blank lines and lines starting with "#" are skipped
 //   *.bin           the drive's reply to one command each, named by replyName; a
 //                   regular file each
+//   *.status        how the drive refused a command instead: the reply's name
+//                   ending in .status, "Name=0xHEX" lines (blank lines and "#"
+//                   comments skipped) with the completion it gave. NVMe:
+//                   NvmeStatus, the status field (completion dword 3, bits 31:17),
+//                   and NvmeResult, completion dword 0. ATA: AtaStatus and
+//                   AtaError, the registers. A regular file of at most 4 KiB
 class DeviceImage {
  public:
   static constexpr const char* kAttributesFile = "attributes.txt";
@@ -38,7 +46,21 @@ class DeviceImage {
   // that is not a regular file of at most kReplyLimit bytes, or that cannot be read,
   // gives its failure.
   core::Status readReply(const std::string& name, std::string& bytes, bool& found) const;
+  // Writes the reply and drops a refusal kept under the same name.
   core::Status writeReply(const std::string& name, const core::Payload& data) const;
+
+  // The refusal kept for the reply `name`, or none in `result`. A refusal file that is
+  // not a regular file of at most 4 KiB, or whose lines are not one protocol's fields
+  // of a failed completion, gives its failure.
+  core::Status readRefusal(const std::string& name,
+                           std::unique_ptr<core::ProtocolResult>& result) const;
+  // Writes an NVMe or ATA completion as the refusal for the reply `name`, and drops
+  // a reply of that name; a result of another kind is no drive's and is not written.
+  core::Status writeRefusal(const std::string& name, const core::ProtocolResult& result) const;
+
+  // Code 127, category 10: the refusal file at `path` does not hold a failed
+  // completion (`why` says what is wrong).
+  static core::Status badRefusal(const std::filesystem::path& path, const std::string& why);
 
   const std::filesystem::path& directory() const { return directory_; }
 

@@ -44,20 +44,28 @@ class Recorder {
   Recorder(core::Device& device, const DeviceImage& image) : device_(device), image_(image) {}
 
   // Sends the command, unless one of the same reply name went before, and keeps a
-  // good reply; the reply, or an empty payload.
+  // good reply or the drive's refusal; the reply, or an empty payload.
   core::Payload keep(core::Command& command) {
     const std::string name = replyName(command);
     if (!tried_.insert(name).second) return core::Payload();
     const core::CommandRecord sent = device_.send(command);
-    if (!core::succeeded(sent.status)) return core::Payload();
-    const core::Status written = image_.writeReply(name, sent.outputPayload);
-    if (!core::succeeded(written)) status_ = written;
-    return sent.outputPayload;
+    if (core::succeeded(sent.status)) {
+      note(image_.writeReply(name, sent.outputPayload));
+      return sent.outputPayload;
+    }
+    // A failure without the drive's completion (a system call refused) is the host's,
+    // not the drive's, and a replay of the image would not meet it.
+    if (sent.protocolResult) note(image_.writeRefusal(name, *sent.protocolResult));
+    return core::Payload();
   }
 
   const core::Status& status() const { return status_; }
 
  private:
+  void note(const core::Status& written) {
+    if (!core::succeeded(written)) status_ = written;
+  }
+
   core::Device& device_;
   const DeviceImage& image_;
   std::set<std::string> tried_;

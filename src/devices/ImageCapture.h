@@ -14,8 +14,8 @@ namespace orlo::devices {
 // for the namespaces it may ask about (none, all, the node's own, the active and
 // the allocated ones), and the log pages 5 and 221, the vendor's page with the
 // UUID index of the vendor's GUID as the toolkit sends it; for ATA, IDENTIFY
-// DEVICE and CHECK POWER MODE. A command that the drive refuses is left out, so that
-// the replay refuses it too. No user data is read.
+// DEVICE and CHECK POWER MODE. A command that the drive refuses is kept as the
+// completion it refused with, so that the replay fails alike. No user data is read.
 core::Status captureImage(core::Device& device, const std::string& directory);
 
 }  // namespace orlo::devices

@@ -81,8 +81,12 @@ core::CommandRecord ReplayDevice::send(core::Command& command, const core::Paylo
       std::memcpy(record.outputPayload.data(), reply.data(),
                   std::min<std::size_t>(length, reply.size()));
     }
+  } else if (const core::Status kept =
+                 image_.readRefusal(replyName(command), record.protocolResult);
+             !core::succeeded(kept)) {
+    record.status = kept;
   } else {
-    record.protocolResult = refusal(command);
+    if (!record.protocolResult) record.protocolResult = refusal(command);
     record.protocolResult->fillStatus(record.status);
   }
   finishRecord(record);

@@ -10,10 +10,12 @@
 namespace orlo::devices {
 
 // A drive played back from a device image. Every command is answered from the
-// image's reply to it; a command the image has no reply for fails as a drive
-// fails an unsupported request: NVMe with "Invalid Field in Command", ATA with
-// ABRT in its Error register. A reply file that cannot serve (a directory, a FIFO,
-// one too large) fails the command with the status that says so.
+// image's reply to it, or fails with the completion that the image kept of the
+// drive's refusal; a command the image has neither for fails as a drive fails an
+// unsupported request: NVMe with "Invalid Field in Command", ATA with ABRT in its
+// Error register. A reply or refusal file that cannot serve (a directory, a FIFO,
+// one too large, a refusal that holds no failed completion) fails the command with
+// the status that says so.
 class ReplayDevice : public core::Device {
  public:
   // Reads the image's attributes, sets the drive's own attributes from its

@@ -49,6 +49,10 @@ TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
       // The image holds no reply for these, as a drive that does not know them.
       {{"show", "-ssd", nvmeImage, cns + "4"}, 1, noReply},
       {{"show", "-ssd", nvmeImage, cns + "2", "NamespaceId=1"}, 1, noReply},
+      // The image keeps the drive's own refusal.
+      {{"show", "-ssd", nvmeImage, "NamespaceId=0"},
+       1,
+       "Result: NVMe command reported a problem: Invalid Namespace or Format (0x400B).\n"},
       {{"show", "-ssd", answersCns4, cns + "4"},
        1,
        "Result: The toolkit has no decoder for Identify CNS 4.\n"},

@@ -4,9 +4,14 @@
 #include <fstream>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
+#include "devices/AtaProtocolResult.h"
+#include "devices/DeviceImage.h"
 #include "devices/ImageCapture.h"
+#include "devices/NvmeProtocolResult.h"
+#include "devices/RegularFile.h"
 #include "devices/ReplayDevice.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
 #include "orlo/commands/ata/ReadDMA.h"
@@ -140,7 +145,7 @@ TEST(ReplayDevice, CaptureOfAReplayedDriveReplaysAlike) {
       EXPECT_EQ(found->second.asString(), attribute.asString()) << name;
     }
     for (const auto& entry : std::filesystem::directory_iterator(source)) {
-      if (entry.path().extension() != ".bin") continue;
+      if (entry.path().filename() == "attributes.txt") continue;
       EXPECT_EQ(readFile((copy.path() / entry.path().filename()).string()),
                 readFile(entry.path().string()))
           << entry.path();
@@ -193,6 +198,93 @@ TEST(ImageCapture, RecordsAllocatedNamespacesThatNoControllerHasAttached) {
   EXPECT_EQ(orlo::devices::captureImage(drive, image.path().string()), Status::success());
   EXPECT_EQ(readFile((image.path() / "nvme-identify-cns11-nsid00000002.bin").string()),
             std::string(reinterpret_cast<const char*>(detached.data()), detached.size()));
+}
+
+TEST(ImageCapture, KeepsTheCompletionsThatTheDriveRefusedWith) {
+  const auto refusedWith = [](std::shared_ptr<const orlo::core::ProtocolResult> result) {
+    Status status = Status::success();
+    result->fillStatus(status);
+    return orlo::test::FakeDevice::Reply{status, orlo::core::Payload(), result};
+  };
+  orlo::commands::ata::TaskFile fault;
+  fault.command = 0x71;
+  orlo::test::FakeDevice nvme;
+  nvme.answer(orlo::test::FakeDevice::nvme([](const orlo::commands::nvme::Command& command) {
+                return command.submissionEntry.bytes[0] == 6 &&
+                       command.submissionEntry.dword(10) == 0 &&
+                       command.submissionEntry.dword(1) == 0;
+              }),
+              refusedWith(std::make_shared<orlo::devices::NvmeProtocolResult>(0x400B, 7)));
+  orlo::test::FakeDevice ata({"ATA"});
+  ata.answer("CheckPowerMode",
+             refusedWith(std::make_shared<orlo::devices::AtaProtocolResult>(fault)));
+  // Both drives' other commands fail in the host, without a completion to keep.
+  const struct {
+    orlo::test::FakeDevice& drive;
+    std::string file;
+    std::string text;
+  } cases[] = {
+      {nvme, "nvme-identify-cns00-nsid00000000.status",
+       "NvmeStatus=0x400B\nNvmeResult=0x00000007\n"},
+      {ata, "ata-cmde5-lba0-count0.status", "AtaStatus=0x71\nAtaError=0x00\n"},
+  };
+  for (const auto& c : cases) {
+    orlo::testing::ScratchDirectory image;
+    EXPECT_EQ(orlo::devices::captureImage(c.drive, image.path().string()), Status::success());
+    std::set<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(image.path())) {
+      files.insert(entry.path().filename().string());
+    }
+    EXPECT_EQ(files, (std::set<std::string>{"attributes.txt", c.file}));
+    EXPECT_EQ(readFile((image.path() / c.file).string()), c.text);
+  }
+}
+
+TEST(ReplayDevice, FailsAsTheImageKeptTheDrivesRefusal) {
+  orlo::commands::nvme::Identify noNamespace;  // CNS 0 of namespace 0
+  orlo::commands::ata::CheckPowerMode checkPowerMode;
+  const std::string nvmeFile = "/nvme-identify-cns00-nsid00000000.status";
+  const std::string ataFile = "/ata-cmde5-lba0-count0.status";
+  const Status bad = orlo::devices::DeviceImage::badRefusal("", "");
+  const struct {
+    std::string image;
+    std::string file;
+    std::string text;  // empty: a folder in the file's place
+    Status status;
+    std::string message;
+  } cases[] = {
+      {kNvmeImage, nvmeFile, "# kept\nNvmeStatus=0x400b\n\nNvmeResult=0x0\n",
+       Status::nvmeCommandProblem(),
+       "NVMe command reported a problem: Invalid Namespace or Format (0x400B)."},
+      {kSataImage, ataFile, "AtaError=0x00\nAtaStatus=0x71\n", Status::retrieveDataFailed(),
+       "ATA command reported a problem: Device Fault (Status 0x71, Error 0x00)."},
+      {kNvmeImage, nvmeFile, "NvmeStatus=0x0\nNvmeResult=0x0\n", bad, "is no failure."},
+      {kNvmeImage, nvmeFile, "NvmeStatus=0x14002\nNvmeResult=0x0\n", bad, "expected NvmeStatus"},
+      {kNvmeImage, nvmeFile, "NvmeStatus=4002\nNvmeResult=0x0\n", bad, "expected NvmeStatus"},
+      {kNvmeImage, nvmeFile, "NvmeStatus=0x4002\nAtaError=0x04\n", bad, "expected NvmeStatus"},
+      {kNvmeImage, nvmeFile, "NvmeStatus=0x4002\nNvmeStatus=0x4002\n", bad,
+       "\"NvmeStatus=0x4002\" is no field of its own."},
+      {kSataImage, ataFile, "AtaStatus=0x51\n", bad, "expected NvmeStatus"},
+      {kSataImage, ataFile, "", orlo::devices::notRegularFile("", ""), "is a directory"},
+  };
+  for (const auto& c : cases) {
+    orlo::testing::ScratchDirectory copy;
+    std::filesystem::copy(c.image, copy.path(), std::filesystem::copy_options::recursive);
+    const std::string file = copy.path().string() + c.file;
+    std::filesystem::remove(std::filesystem::path(file).replace_extension(".bin"));
+    if (c.text.empty()) {
+      std::filesystem::create_directory(file);
+    } else {
+      orlo::testing::writeFile(file, c.text);
+    }
+    orlo::core::Command& command = c.image == kNvmeImage
+                                       ? static_cast<orlo::core::Command&>(noNamespace)
+                                       : static_cast<orlo::core::Command&>(checkPowerMode);
+    const auto record = open(copy.path().string())->send(command);
+    EXPECT_EQ(record.status, c.status) << c.text;
+    EXPECT_NE(record.status.message().find(c.message), std::string::npos)
+        << c.text << record.status.message();
+  }
 }
 
 }  // namespace
