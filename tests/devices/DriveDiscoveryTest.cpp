@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstdio>
+#include <iterator>
 #include <string>
 
 #include "devices/DriveChoice.h"
 #include "devices/DriveDiscovery.h"
 #include "devices/RegularFile.h"
+#include "devices/ReplayDevice.h"
 #include "devices/VendorList.h"
 #include "support/ScratchDirectory.h"
 
@@ -16,8 +19,11 @@ using orlo::devices::VendorList;
 using orlo::testing::writeFile;
 namespace fs = std::filesystem;
 
-// A sysfs tree with two NVMe controllers, listed out of order, a SATA disk, and
-// a USB stick and a fabrics entry that are no drives of ours.
+const std::string kSataImage = std::string(ORLO_TEST_DATA_DIR) + "/images/sata-corvid-s300";
+
+// A sysfs tree with two NVMe controllers, listed out of order, two SATA disks, one
+// behind a port multiplier, and a USB stick and a fabrics entry that are no drives of
+// ours.
 class FakeSysfs : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -28,30 +34,75 @@ class FakeSysfs : public ::testing::Test {
       writeFile(nvme / name / "firmware_rev", "1.0.2   \n");
     }
     writeFile(nvme / "nvme-fabrics" / "model", "x\n");
-    const fs::path sdy = sys.path() / "block" / "sdy" / "device";
-    writeFile(sdy / "vendor", "ATA     \n");
-    writeFile(sdy / "model", "Corvid S300 512G\n");
-    writeFile(sdy / "rev", "04A \n");
-    writeFile(sdy / "vpd_pg80", std::string("\x00\x80\x00\x14", 4) + "        CVS3A0021847");
+    // libata's words of the image's drive, as the kernel prints them.
+    const std::string bytes = orlo::testing::readFile(kSataImage + "/ata-cmdec-lba0-count1.bin");
+    std::string words;
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+      char word[8];
+      std::snprintf(word, sizeof word, "%04x%c",
+                    static_cast<uint8_t>(bytes[at]) | static_cast<uint8_t>(bytes[at + 1]) << 8,
+                    at % 16 == 14 ? '\n' : ' ');
+      words += word;
+    }
+    addSataDisk("sdy", "ata3/host2/target2:0:0/2:0:0:0", "dev3.0", words);
+    addSataDisk("sdv", "ata5/host4/target4:1:0/4:1:0:0", "dev5.1.0", words);
     writeFile(sys.path() / "block" / "sdx" / "device" / "vendor", "Generic \n");
+  }
+
+  // A disk whose SCSI device lies at `scsi` under a controller, with the SCSI
+  // inquiry's strings that libata makes up and `words` in class/ata_device/`port`.
+  void addSataDisk(const std::string& name, const std::string& scsi, const std::string& port,
+                   const std::string& words) {
+    const fs::path device = sys.path() / "devices" / "pci0000:00" / "0000:00:1f.2" / scsi;
+    writeFile(device / "vendor", "ATA     \n");
+    writeFile(device / "model", "Corvid S300 512G\n");
+    writeFile(device / "rev", "04A \n");
+    writeFile(device / "vpd_pg80", std::string("\x00\x80\x00\x14", 4) + "        SN-" + name);
+    fs::create_directories(sys.path() / "block" / name);
+    fs::create_directory_symlink(device, sys.path() / "block" / name / "device");
+    if (!words.empty()) writeFile(sys.path() / "class" / "ata_device" / port / "id", words);
   }
 
   orlo::testing::ScratchDirectory sys;
 };
 
 TEST_F(FakeSysfs, ListsNvmeControllersThenSataDisksInKernelOrder) {
-  const auto drives = orlo::devices::discoverDrives(sys.path());
-  ASSERT_EQ(drives.size(), 3u);
-  EXPECT_EQ(drives[0].path, "/dev/nvme9");
-  EXPECT_EQ(drives[0].serial, "S9");
-  EXPECT_EQ(drives[0].model, "Corvid P41");
-  EXPECT_EQ(drives[0].firmware, "1.0.2");
-  EXPECT_EQ(drives[1].path, "/dev/nvme17");
-  EXPECT_EQ(drives[2].path, "/dev/sdy");
-  EXPECT_EQ(drives[2].protocol, "ATA");
-  EXPECT_EQ(drives[2].serial, "CVS3A0021847");
-  EXPECT_EQ(drives[2].firmware, "04A");
-  for (uint32_t i = 0; i < drives.size(); ++i) EXPECT_EQ(drives[i].index, i);
+  // Two more disks without libata's words: the replayed drive answers for sdz, and
+  // nothing for sdw.
+  addSataDisk("sdw", "ata6/host5/target5:0:0/5:0:0:0", "dev6.0", "");
+  addSataDisk("sdz", "ata7/host6/target6:0:0/6:0:0:0", "dev7.0", "");
+  const orlo::devices::DriveOpener replay = [](const std::string& node,
+                                               std::shared_ptr<orlo::core::Device>& device) {
+    if (node != "/dev/sdz") return Status::openFileFailed();
+    std::shared_ptr<orlo::devices::ReplayDevice> drive;
+    const Status status = orlo::devices::ReplayDevice::open(kSataImage, VendorList(), drive);
+    device = drive;
+    return status;
+  };
+  const struct {
+    std::string path;
+    std::string protocol;
+    std::string model;
+    std::string serial;
+    std::string firmware;
+  } expected[] = {
+      {"/dev/nvme9", "NVME", "Corvid P41", "S9", "1.0.2"},
+      {"/dev/nvme17", "NVME", "Corvid P41", "S17", "1.0.2"},
+      {"/dev/sdv", "ATA", "Corvid S300 512GB", "CVS3A0021847", "CV1.04A"},
+      {"/dev/sdw", "ATA", "", "SN-sdw", ""},
+      {"/dev/sdy", "ATA", "Corvid S300 512GB", "CVS3A0021847", "CV1.04A"},
+      {"/dev/sdz", "ATA", "Corvid S300 512GB", "CVS3A0021847", "CV1.04A"},
+  };
+  const auto drives = orlo::devices::discoverDrives(sys.path(), replay);
+  ASSERT_EQ(drives.size(), std::size(expected));
+  for (uint32_t i = 0; i < drives.size(); ++i) {
+    EXPECT_EQ(drives[i].index, i);
+    EXPECT_EQ(drives[i].path, expected[i].path);
+    EXPECT_EQ(drives[i].protocol, expected[i].protocol);
+    EXPECT_EQ(drives[i].model, expected[i].model) << drives[i].path;
+    EXPECT_EQ(drives[i].serial, expected[i].serial) << drives[i].path;
+    EXPECT_EQ(drives[i].firmware, expected[i].firmware) << drives[i].path;
+  }
   EXPECT_TRUE(orlo::devices::discoverDrives(sys.path() / "missing").empty());
 }
 
@@ -65,9 +116,9 @@ TEST_F(FakeSysfs, SsdNamesADriveByIndexSerialPathOrImage) {
   // The fake drives have no nodes in /dev, so reaching one shows as a failed open.
   const Case cases[] = {
       {"1", "Could not open /dev/nvme17: No such file or directory."},
-      {"CVS3A0021847", "Could not open /dev/sdy: No such file or directory."},
+      {"CVS3A0021847", "Could not open /dev/sdv: No such file or directory."},
       {"/dev/nvme17n1", "Could not open /dev/nvme17n1: No such file or directory."},
-      {"3", "No drive matches -ssd \"3\": no drive has that index"},
+      {"4", "No drive matches -ssd \"4\": no drive has that index"},
       {"S1", "No drive matches -ssd \"S1\": no drive has that serial number"},
       {"/tmp", "No drive matches -ssd \"/tmp\": not an NVMe node"},
   };
@@ -78,9 +129,7 @@ TEST_F(FakeSysfs, SsdNamesADriveByIndexSerialPathOrImage) {
     EXPECT_EQ(device, nullptr);
   }
   std::shared_ptr<orlo::core::Device> replay;
-  EXPECT_EQ(orlo::devices::openDrive(std::string(ORLO_TEST_DATA_DIR) + "/images/sata-corvid-s300",
-                                     options, replay),
-            Status::success());
+  EXPECT_EQ(orlo::devices::openDrive(kSataImage, options, replay), Status::success());
   EXPECT_TRUE(replay && replay->supportsProtocol("ATA"));
 }
 
