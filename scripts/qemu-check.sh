@@ -238,7 +238,7 @@ timeout 600 qemu-system-x86_64 -machine pc -accel tcg -m 512 -smp 1 -nographic -
 finished=$(date +%s)
 
 sed -n '/== begin/,/^== end/p' "$work/console.log" | tr -d '\r' | sed 's/.*== begin/== begin/'
-echo "== build and pack $((booted - started)) s, VM $((finished - booted)) s"
+echo "== build (if any), install and pack $((booted - started)) s, VM $((finished - booted)) s"
 if ! grep -q '^failures=0' "$work/console.log"; then
   echo "qemu-check: FAILED" >&2
   grep -q '== begin' "$work/console.log" || tail -40 "$work/console.log" >&2
