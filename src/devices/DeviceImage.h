@@ -23,7 +23,7 @@ namespace orlo::devices {
 //                   comments skipped) with the completion it gave. NVMe:
 //                   NvmeStatus, the status field (completion dword 3, bits 31:17),
 //                   and NvmeResult, completion dword 0. ATA: AtaStatus and
-//                   AtaError, the registers. A regular file of at most 4 KiB
+//                   AtaError, the registers. A regular file of at most 4 KiB.
 class DeviceImage {
  public:
   static constexpr const char* kAttributesFile = "attributes.txt";
