@@ -7,14 +7,11 @@
 #include "devices/NvmeDevice.h"
 #include "devices/ReplayDevice.h"
 #include "devices/SataDevice.h"
+#include "orlo/core/OwnStatuses.h"
 
 namespace orlo::devices {
 
 namespace {
-
-core::Status unknownDrive(const std::string& ssd, const std::string& why) {
-  return core::Status(36, "No drive matches -ssd \"" + ssd + "\": " + why);
-}
 
 template <typename Backend, typename... Options>
 core::Status openAs(const std::string& path, std::shared_ptr<core::Device>& device,
@@ -31,9 +28,9 @@ core::Status openPath(const std::string& ssd, const DriveOptions& options,
   const std::string name = std::filesystem::path(ssd).filename().string();
   if (name.compare(0, 4, "nvme") == 0) return openAs<NvmeDevice>(ssd, device, options.makers);
   if (name.compare(0, 2, "sd") == 0) return openAs<SataDevice>(ssd, device);
-  return unknownDrive(ssd,
-                      "not an NVMe node (/dev/nvme*), a SATA disk (/dev/sd*) or a device "
-                      "image directory.");
+  return core::noDriveMatches(ssd,
+                              "not an NVMe node (/dev/nvme*), a SATA disk (/dev/sd*) or a device "
+                              "image directory.");
 }
 
 }  // namespace
@@ -50,10 +47,10 @@ core::Status openDrive(const std::string& ssd, const DriveOptions& options,
       return openPath(drive.path, options, device);
     }
   }
-  return unknownDrive(ssd, std::string(isIndex ? "no drive has that index"
-                                               : "no drive has that "
-                                                 "serial number") +
-                               " ('orlo show -ssd' lists the drives).");
+  return core::noDriveMatches(ssd, std::string(isIndex ? "no drive has that index"
+                                                       : "no drive has that "
+                                                         "serial number") +
+                                       " ('orlo show -ssd' lists the drives).");
 }
 
 }  // namespace orlo::devices

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
+#include "orlo/core/OwnStatuses.h"
 #include "orlo/core/Status.h"
 #include "orlo/core/xml/XmlObject.h"
 #include "support/ExpectedText.h"
@@ -28,4 +31,19 @@ TEST(Status, RunTimeNumbersFollowTheCounter) {
   EXPECT_EQ(first.category(), 100);
   EXPECT_EQ(second.code(), first.code() + 1);
   EXPECT_EQ(second.message(), "second");
+}
+
+TEST(Status, OwnMakersHaveCodesOfTheirOwn) {
+  namespace core = orlo::core;
+  const std::vector<Status> own = {
+      core::noDriveMatches("9", "why"), core::unknownLogName("x", "A, B"),
+      core::invalidPropertyValue("NamespaceId", "uint32"), core::noIdentifyDecoder(4)};
+  for (size_t i = 0; i < own.size(); ++i) {
+    // Outside the catalogue's categories, so that no catalogue status compares equal.
+    EXPECT_EQ(own[i].category(), core::kOwnCategory) << own[i].message();
+    for (int32_t catalogue : {0, 10, 100}) EXPECT_NE(own[i].category(), catalogue);
+    for (size_t j = i + 1; j < own.size(); ++j) {
+      EXPECT_NE(own[i], own[j]) << own[i].message() << " / " << own[j].message();
+    }
+  }
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/identify/Identify.h"
 
@@ -19,8 +20,7 @@ Status checkPropertyValues(const AttributeCollection& given, const AttributeColl
   for (const auto& entry : declared) {
     const auto found = given.find(entry.second.name);
     if (found != given.end() && found->second.value.size() == 0) {
-      return Status(36, "The value of " + entry.second.name + " is not a valid " +
-                            entry.second.type + " number.");
+      return orlo::core::invalidPropertyValue(entry.second.name, entry.second.type);
     }
   }
   return Status::success();
@@ -50,11 +50,8 @@ Status IdentifyFeature::run() {
   if (!orlo::core::succeeded(status)) return status;
   auto decoded = identify.getXml();
   if (decoded->isEmpty()) {
-    return Status(
-        Status::notImplemented().code(),
-        "The toolkit has no decoder for Identify CNS " +
-            std::to_string(readUInt8(attributes, properties::controllerNamespaceStructure())) +
-            ".");
+    return orlo::core::noIdentifyDecoder(
+        readUInt8(attributes, properties::controllerNamespaceStructure()));
   }
   tree = std::move(decoded);
   return status;

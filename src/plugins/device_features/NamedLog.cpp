@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/nvme_get_log/LogFactories.h"
 
@@ -19,8 +20,7 @@ orlo::core::Status makeNamedLog(const orlo::core::AttributeCollection& attribute
   for (const auto& entry : nvme_get_log::logFactories()) {
     known += (known.empty() ? "" : ", ") + entry.first;
   }
-  return orlo::core::Status(36, "The toolkit reads no log page named \"" + name +
-                                    "\". LogName takes one of " + known + ", in any case.");
+  return orlo::core::unknownLogName(name, known);
 }
 
 }  // namespace plugin::cli
