@@ -6,6 +6,7 @@
 #include <boost/algorithm/string/split.hpp>
 #include <cctype>
 #include <cstring>
+#include <iterator>
 #include <sstream>
 
 #include "orlo/core/Logging.h"
@@ -33,6 +34,8 @@ std::string untilZero(const std::string& text) {
 const uint8_t* asBytes(const void* bytes) {
   return static_cast<const uint8_t*>(bytes);
 }
+
+const char kHexDigits[] = "0123456789ABCDEF";
 
 }  // namespace
 
@@ -114,7 +117,9 @@ std::string sanitize(std::string text) {
              text.end());
   const auto first = text.find_first_not_of(' ');
   if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  text.erase(text.find_last_not_of(' ') + 1);
+  text.erase(0, first);
+  return text;
 }
 
 std::vector<std::string> split(std::string text, std::string delimiters) {
@@ -158,12 +163,15 @@ std::string toString(int8_t number) {
 }
 
 std::string toHex(uint64_t number, uint32_t width) {
-  std::ostringstream stream;
-  stream << std::uppercase << std::hex;
-  stream.width(width);
-  stream.fill('0');
-  stream << number;
-  return stream.str();
+  char digits[16];
+  size_t count = 0;
+  do {
+    digits[count++] = kHexDigits[number & 0x0F];
+    number >>= 4;
+  } while (number != 0);
+  std::string text(width > count ? width - count : 0, '0');
+  text.append(std::make_reverse_iterator(digits + count), std::make_reverse_iterator(digits));
+  return text;
 }
 std::string toHex(uint32_t number, uint32_t width) {
   return toHex(static_cast<uint64_t>(number), width);
@@ -179,13 +187,12 @@ std::string toHex(int32_t number, uint32_t width) {
 }
 
 std::string toHexString(const void* bytes, size_t size) {
-  static const char kDigits[] = "0123456789ABCDEF";
   std::string text;
   text.reserve(size * 2);
   for (size_t i = 0; i < size; ++i) {
     const uint8_t byte = asBytes(bytes)[i];
-    text += kDigits[byte >> 4];
-    text += kDigits[byte & 0x0F];
+    text += kHexDigits[byte >> 4];
+    text += kHexDigits[byte & 0x0F];
   }
   return text;
 }

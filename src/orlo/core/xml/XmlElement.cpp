@@ -1,8 +1,7 @@
 #include "orlo/core/xml/XmlElement.h"
 
+#include <algorithm>
 #include <cstring>
-
-#include "orlo/core/Strings.h"
 
 namespace orlo::core::xml {
 
@@ -21,13 +20,47 @@ XmlElementList XmlElement::find(std::string elementName, std::string attributeKe
   return found;
 }
 
+namespace {
+
+// Where `key` stands in `attributes`, or would be inserted.
+template <typename Attributes>
+auto position(Attributes& attributes, const std::string& key) {
+  return std::lower_bound(attributes.begin(), attributes.end(), key,
+                          [](const auto& entry, const std::string& k) { return entry.first < k; });
+}
+
+// What each character becomes after the five replacements ("<", ">", "&", the double quote,
+// the apostrophe, in that order); null for a character that stays.
+const char* replacementOf(char c) {
+  switch (c) {
+    case '<':
+      return "&amp;lt;";
+    case '>':
+      return "&amp;gt;";
+    case '&':
+      return "&amp;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&apos;";
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
 std::string& XmlElement::attribute(const std::string& key) {
-  return attributes_[key];
+  // Elements carry up to four attributes, mostly: one allocation for all of them.
+  if (attributes_.capacity() == 0) attributes_.reserve(4);
+  const auto at = position(attributes_, key);
+  if (at != attributes_.end() && at->first == key) return at->second;
+  return attributes_.emplace(at, key, std::string())->second;
 }
 
 std::string XmlElement::getAttribute(const std::string& key) const {
-  const auto entry = attributes_.find(key);
-  return entry == attributes_.end() ? std::string() : entry->second;
+  const auto at = position(attributes_, key);
+  return at != attributes_.end() && at->first == key ? at->second : std::string();
 }
 
 void XmlElement::writeAttributes(std::string& out) const {
@@ -35,22 +68,38 @@ void XmlElement::writeAttributes(std::string& out) const {
     out += ' ';
     out += key;
     out += "=\"";
-    out += escape(value);
+    appendEscaped(out, value);
     out += '"';
   }
 }
 
 void XmlElement::copyAttributes(const XmlElement& other) {
-  attributes_.insert(other.attributes_.begin(), other.attributes_.end());
+  for (const auto& [key, value] : other.attributes_) {
+    const auto at = position(attributes_, key);
+    if (at == attributes_.end() || at->first != key) attributes_.emplace(at, key, value);
+  }
+}
+
+// One pass gives what the five replacements in a row give: each replacement goes on behind
+// what it inserted, and only the "&" step finds the ampersands of the two before it.
+void appendEscaped(std::string& out, const std::string& value) {
+  size_t plain = 0;
+  for (size_t i = 0; i < value.size(); ++i) {
+    // Letters and most signs lie above ">", the last of the five.
+    if (static_cast<unsigned char>(value[i]) > '>') continue;
+    const char* replacement = replacementOf(value[i]);
+    if (replacement == nullptr) continue;
+    out.append(value, plain, i - plain);
+    out += replacement;
+    plain = i + 1;
+  }
+  out.append(value, plain, std::string::npos);
 }
 
 std::string escape(std::string value) {
-  strings::replaceAll(value, "<", "&lt;");
-  strings::replaceAll(value, ">", "&gt;");
-  strings::replaceAll(value, "&", "&amp;");
-  strings::replaceAll(value, "\"", "&quot;");
-  strings::replaceAll(value, "'", "&apos;");
-  return value;
+  std::string escaped;
+  appendEscaped(escaped, value);
+  return escaped;
 }
 
 }  // namespace orlo::core::xml

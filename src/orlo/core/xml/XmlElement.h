@@ -1,15 +1,19 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orlo::core::xml {
 
 class XmlElement;
 using XmlElementList = std::vector<std::unique_ptr<XmlElement>>;
+
+// An element's attributes as key and value, sorted by key in byte order. An element has
+// a handful, so a sorted vector beats a tree of nodes allocated one by one.
+using XmlAttributes = std::vector<std::pair<std::string, std::string>>;
 
 // A node of the toolkit's output tree. Its data are string attributes, kept in key
 // order so that an element always prints them sorted. Attribute values may hold device
@@ -32,12 +36,13 @@ class XmlElement {
   virtual std::unique_ptr<XmlElement> clone() const = 0;
   virtual bool isEmpty() const = 0;
 
-  // The value under `key`, created empty if missing. All attributes are set this way.
+  // The value under `key`, created empty if missing. All attributes are set this way. The
+  // reference holds until the next key is added.
   std::string& attribute(const std::string& key);
   // A copy of the value under `key`, or an empty text; never creates the key.
   std::string getAttribute(const std::string& key) const;
   std::string name() const { return name_; }
-  const std::map<std::string, std::string>& attributes() const { return attributes_; }
+  const XmlAttributes& attributes() const { return attributes_; }
 
  protected:
   // Writes ` key="escaped value"` for every attribute, in key order.
@@ -47,11 +52,13 @@ class XmlElement {
 
  private:
   std::string name_;
-  std::map<std::string, std::string> attributes_;
+  XmlAttributes attributes_;
 };
 
 // The value as it appears in an attribute. "&" is replaced after "<" and ">", so those
 // two come out escaped twice ("<" gives "&amp;lt;"); readers of our files expect this.
 std::string escape(std::string value);
+// Appends escape(value) to `out`.
+void appendEscaped(std::string& out, const std::string& value);
 
 }  // namespace orlo::core::xml

@@ -1,5 +1,7 @@
 #include "orlo/core/xml/XmlObject.h"
 
+#include <utility>
+
 #include "orlo/core/Strings.h"
 #include "orlo/core/xml/XmlProperty.h"
 
@@ -31,12 +33,10 @@ void findAll(const XmlElementList& elements, const std::string& elementName,
 
 XmlObject::XmlObject() : XmlElement(kObjectElement) {}
 
-XmlObject::XmlObject(const std::string& name, const std::string& description,
-                     const std::string& value)
-    : XmlObject() {
-  attribute("name") = name;
-  attribute("description") = description;
-  attribute("value") = value;
+XmlObject::XmlObject(std::string name, std::string description, std::string value) : XmlObject() {
+  attribute("name") = std::move(name);
+  attribute("description") = std::move(description);
+  attribute("value") = std::move(value);
 }
 
 XmlObject::~XmlObject() = default;
@@ -78,19 +78,18 @@ bool XmlObject::isEmpty() const {
   return lists_.empty() && properties_.empty() && objects_.empty() && attributes().empty();
 }
 
-XmlProperty& XmlObject::addProperty(const std::string& name, const std::string& description,
-                                    const std::string& value) {
+XmlProperty& XmlObject::addProperty(std::string name, std::string description, std::string value) {
   auto property = std::make_unique<XmlProperty>();
-  property->attribute("name") = name;
-  property->attribute("description") = description;
-  property->attribute("value") = strings::sanitize(value);
+  property->attribute("name") = std::move(name);
+  property->attribute("description") = std::move(description);
+  property->attribute("value") = strings::sanitize(std::move(value));
   XmlProperty& added = *property;
   properties_.push_back(std::move(property));
   return added;
 }
 
-XmlObject& XmlObject::addObject(const std::string& name, std::unique_ptr<XmlObject> child) {
-  child->attribute("name") = name;
+XmlObject& XmlObject::addObject(std::string name, std::unique_ptr<XmlObject> child) {
+  child->attribute("name") = std::move(name);
   XmlObject& added = *child;
   objects_.push_back(std::move(child));
   return added;

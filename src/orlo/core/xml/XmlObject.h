@@ -16,7 +16,7 @@ class XmlObject : public XmlElement {
  public:
   XmlObject();
   // Sets the attributes name, description and value; description also when empty.
-  XmlObject(const std::string& name, const std::string& description, const std::string& value);
+  XmlObject(std::string name, std::string description, std::string value);
   ~XmlObject() override;
 
   void write(std::string& out) const override;
@@ -30,10 +30,9 @@ class XmlObject : public XmlElement {
 
   // Appends a property with the attributes name, description (also when empty) and the
   // sanitized value.
-  XmlProperty& addProperty(const std::string& name, const std::string& description,
-                           const std::string& value);
+  XmlProperty& addProperty(std::string name, std::string description, std::string value);
   // Names the child and appends it to the objects.
-  XmlObject& addObject(const std::string& name, std::unique_ptr<XmlObject> child);
+  XmlObject& addObject(std::string name, std::unique_ptr<XmlObject> child);
 
   XmlElementList& lists() { return lists_; }
   XmlElementList& properties() { return properties_; }

@@ -70,7 +70,8 @@ void addAdmitted(core::xml::XmlObject& parent, Table rows, const Source& source,
     auto child = std::make_unique<core::xml::XmlObject>(row.name, row.description, value);
     addAdmitted(*child, row.members, source.at(row.bytes.offset), gate & row.gate,
                 Bytes{0, row.bytes.length}, true);
-    parent.addObject(row.name, std::move(child));
+    // The constructor has named the child already.
+    parent.objects().push_back(std::move(child));
   }
 }
 

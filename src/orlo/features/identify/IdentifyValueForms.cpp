@@ -29,12 +29,18 @@ uint64_t littleEndian(const core::Payload& payload, uint32_t offset, uint32_t le
 }
 
 uint64_t bits(const core::Payload& payload, uint32_t offset, uint32_t high, uint32_t low) {
-  uint64_t value = 0;
-  for (uint32_t bit = std::min(high, low + 63) + 1; bit-- > low;) {
-    const uint64_t byte = littleEndian(payload, offset + bit / 8, 1);
-    value = (value << 1) | ((byte >> (bit % 8)) & 1);
+  if (high < low) {
+    return 0;
   }
-  return value;
+  const uint32_t width = std::min(high - low, 63u) + 1;
+  const uint32_t first = offset + low / 8;
+  const uint32_t shift = low % 8;
+  // Up to 64 bits starting inside a byte reach into a ninth byte.
+  uint64_t value = littleEndian(payload, first, 8) >> shift;
+  if (shift + width > 64) {
+    value |= littleEndian(payload, first + 8, 1) << (64 - shift);
+  }
+  return width == 64 ? value : value & ((uint64_t{1} << width) - 1);
 }
 
 std::string decimal(uint64_t value) {
@@ -42,7 +48,7 @@ std::string decimal(uint64_t value) {
 }
 
 std::string hex(uint64_t value, uint32_t digits) {
-  return "0x" + bareHex(value, digits);
+  return bareHex(value, digits).insert(0, "0x");
 }
 
 std::string bareHex(uint64_t value, uint32_t digits) {

@@ -1,12 +1,11 @@
 #include "orlo/features/nvme_get_log/CommandEffectsDecoder.h"
 
 #include <array>
-#include <iomanip>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "orlo/core/Status.h"
+#include "orlo/core/Strings.h"
 #include "orlo/features/nvme_get_log/CommandEffectsRows.h"
 #include "orlo/features/nvme_get_log/LogTree.h"
 
@@ -26,10 +25,7 @@ uint32_t fieldOf(uint32_t entry, const EntryRow& row) {
 
 // "Admin Command 6 (0x06)".
 std::string commandName(const char* prefix, uint32_t opcode) {
-  std::ostringstream name;
-  name << prefix << opcode << " (0x" << std::uppercase << std::hex << std::setw(2)
-       << std::setfill('0') << opcode << ")";
-  return name.str();
+  return prefix + std::to_string(opcode) + " (0x" + core::strings::toHex(opcode, 2) + ")";
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "orlo/features/nvme_get_log/LogTree.h"
 
+#include <utility>
+
 #include "orlo/core/xml/XmlProperty.h"
 
 namespace orlo::features::nvme_get_log {
@@ -11,10 +13,10 @@ std::unique_ptr<core::xml::XmlObject> namedObject(const std::string& name) {
   return object;
 }
 
-void addNameValue(core::xml::XmlObject& parent, const std::string& name, const std::string& value) {
+void addNameValue(core::xml::XmlObject& parent, std::string name, std::string value) {
   auto property = std::make_unique<core::xml::XmlProperty>();
-  property->attribute("name") = name;
-  property->attribute("value") = value;
+  property->attribute("name") = std::move(name);
+  property->attribute("value") = std::move(value);
   parent.properties().push_back(std::move(property));
 }
 

@@ -13,6 +13,6 @@ std::unique_ptr<core::xml::XmlObject> namedObject(const std::string& name);
 
 // Appends a "Property" that has a name and a value and nothing else; the value is kept as
 // it stands.
-void addNameValue(core::xml::XmlObject& parent, const std::string& name, const std::string& value);
+void addNameValue(core::xml::XmlObject& parent, std::string name, std::string value);
 
 }  // namespace orlo::features::nvme_get_log
