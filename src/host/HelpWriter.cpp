@@ -26,16 +26,6 @@ bool isHelpWord(const std::string& word) {
          iequals(word, plugin::cli::helpOption.shortName);
 }
 
-std::string synopsisOf(const CommandSpec& spec) {
-  std::string synopsis = "orlo " + spec.verb;
-  for (const auto* list : {&spec.options, &spec.targets, &spec.properties}) {
-    for (const auto& part : list->elements) {
-      synopsis += part->required ? " " + usageOf(*part) : " [" + usageOf(*part) + "]";
-    }
-  }
-  return synopsis;
-}
-
 // One row of a table: the part as it is written, whether it is required, what it does.
 struct Row {
   std::string usage;
@@ -71,19 +61,11 @@ void writeIndented(std::ostream& out, const std::string& lines) {
   for (std::string line; std::getline(in, line);) out << "    " << line << "\n";
 }
 
-// The paths that the host refuses for this command, and why.
 void writeRefusals(std::ostream& out, const CommandSpec& spec) {
-  const auto& options = spec.options.elements;
-  const auto guards = [&](bool (*guarded)(const std::string&)) {
-    return std::any_of(options.begin(), options.end(),
-                       [&](const auto& part) { return guarded(part->name); });
-  };
-  const bool paths = guards(isGuardedPath);
-  const bool destination = guards(isGuardedDestination);
-  if (!paths && !destination) return;
-  out << "  Refused before anything runs (exit code 2):\n";
-  if (paths) writeIndented(out, pathRules);
-  if (destination) writeIndented(out, destinationRules);
+  const std::vector<std::string> rules = refusalsOf(spec);
+  if (rules.empty()) return;
+  out << "  " << refusalsHeading << ":\n";
+  for (const auto& rule : rules) writeIndented(out, rule);
 }
 
 void writeCommand(std::ostream& out, const CommandSpec& spec) {
@@ -98,10 +80,11 @@ void writeCommand(std::ostream& out, const CommandSpec& spec) {
 }
 
 void writeUsage(std::ostream& out) {
-  out << words::usage << ": orlo " << plugin::cli::messages::usageLine << "\n";
-  out << "       orlo " << plugin::cli::verbs::help << " [<verb>|<name>] ["
-      << usageOf(plugin::cli::verbProperty) << "] [" << usageOf(plugin::cli::nameProperty) << "]\n";
-  out << "       orlo <verb> ... " << plugin::cli::helpOption.name << "\n";
+  std::string lead = words::usage + ": ";
+  for (const auto& line : usageLines()) {
+    out << lead << line << "\n";
+    lead.assign(lead.size(), ' ');
+  }
   out << "\nHost options (with any command):\n";
   std::vector<Row> rows = {{words::option, words::required, words::description}};
   for (const auto& flag : hostFlags) {
@@ -132,6 +115,40 @@ bool isAskedFor(const std::vector<std::string>& words, const CommandSpec& spec) 
 }
 
 }  // namespace
+
+const char* const refusalsHeading = "Refused before anything runs (exit code 2)";
+
+std::vector<std::string> refusalsOf(const CommandSpec& spec) {
+  const auto& options = spec.options.elements;
+  const auto guards = [&](bool (*guarded)(const std::string&)) {
+    return std::any_of(options.begin(), options.end(),
+                       [&](const auto& part) { return guarded(part->name); });
+  };
+  std::vector<std::string> rules;
+  if (guards(isGuardedPath)) rules.push_back(pathRules);
+  if (guards(isGuardedDestination)) rules.push_back(destinationRules);
+  return rules;
+}
+
+const std::vector<std::string>& usageLines() {
+  static const std::vector<std::string> lines = {
+      "orlo " + plugin::cli::messages::usageLine,
+      "orlo " + plugin::cli::verbs::help + " [<verb>|<name>] [" +
+          usageOf(plugin::cli::verbProperty) + "] [" + usageOf(plugin::cli::nameProperty) + "]",
+      "orlo <verb> ... " + plugin::cli::helpOption.name,
+  };
+  return lines;
+}
+
+std::string synopsisOf(const CommandSpec& spec) {
+  std::string synopsis = "orlo " + spec.verb;
+  for (const auto* list : {&spec.options, &spec.targets, &spec.properties}) {
+    for (const auto& part : list->elements) {
+      synopsis += part->required ? " " + usageOf(*part) : " [" + usageOf(*part) + "]";
+    }
+  }
+  return synopsis;
+}
 
 bool asksForHelp(const std::vector<std::string>& words) {
   if (words.empty() || isHelpWord(words[0])) return true;

@@ -8,6 +8,19 @@
 
 namespace orlo::host {
 
+// The ways to call orlo that its help opens with: "orlo <verb>...", help, "-help".
+const std::vector<std::string>& usageLines();
+
+// A command as it is called: "orlo update [-help] -source <path> ...", the optional
+// parts in brackets.
+std::string synopsisOf(const plugin::cli::CommandSpec& spec);
+
+// The paths that the host refuses for this command and why, as lines without indent
+// in items that start with "- ": the rules of the path and destination guards that
+// look at its options.
+std::vector<std::string> refusalsOf(const plugin::cli::CommandSpec& spec);
+extern const char* const refusalsHeading;
+
 // True for `orlo`, `orlo help ...`, `orlo -help ...` and `orlo <verb> ... -help`
 // (or "-h", in any case).
 bool asksForHelp(const std::vector<std::string>& words);

@@ -72,6 +72,12 @@ const plugin::cli::CommandSpecs& hostCommandSpecs() {
   return specs;
 }
 
+plugin::cli::CommandSpecs allCommandSpecs(const plugin::cli::PluginRegistry& registry) {
+  plugin::cli::CommandSpecs specs = registry.commands;
+  specs.insert(specs.end(), hostCommandSpecs().begin(), hostCommandSpecs().end());
+  return specs;
+}
+
 bool isHostCommand(const CommandSpec& spec) {
   const auto& specs = hostCommandSpecs();
   return std::any_of(specs.begin(), specs.end(),

@@ -5,6 +5,7 @@
 #include "devices/DriveChoice.h"
 #include "plugins/plugin.cliframework/CommandSpec.h"
 #include "plugins/plugin.cliframework/ParsedCommand.h"
+#include "plugins/plugin.cliframework/PluginRegistry.h"
 #include "plugins/plugin.cliframework/ResultBase.h"
 
 namespace orlo::host {
@@ -17,6 +18,10 @@ namespace orlo::host {
 // a line that fits no command is refused with the words of a plug-in's command. A
 // "show -ssd" with a drive behind it is not theirs.
 const plugin::cli::CommandSpecs& hostCommandSpecs();
+
+// What orlo reads a command line against and its help and manual page show: the
+// commands of the plug-ins in `registry`, then the host's.
+plugin::cli::CommandSpecs allCommandSpecs(const plugin::cli::PluginRegistry& registry);
 
 // Whether `spec` is one of hostCommandSpecs.
 bool isHostCommand(const plugin::cli::CommandSpec& spec);

@@ -78,8 +78,7 @@ int answer(const plugin::cli::ResultBase& result, const HostSettings& settings,
 int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettings& settings,
                    const InstallLayout& layout, const std::vector<std::string>& words) {
   const bool json = wantsJson(settings);
-  plugin::cli::CommandSpecs specs = registry.commands;
-  specs.insert(specs.end(), hostCommandSpecs().begin(), hostCommandSpecs().end());
+  const plugin::cli::CommandSpecs specs = allCommandSpecs(registry);
   if (asksForHelp(words)) {
     if (auto empty = findEmptyHelp(specs, words)) return fail(*empty, ExitCode::refused, json);
     const std::string help = writeHelp(specs, words);
