@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,8 @@ class XmlElement {
 
   // Appends the element as one line of XML, without prolog or white space.
   virtual void write(std::string& out) const = 0;
+  // How many characters write appends if no value needs escaping: room to reserve.
+  virtual size_t plainWrittenSize() const = 0;
 
   // Clones of the elements that match: an empty elementName or attributeKey matches
   // anything. Here only this element is looked at, and depth is ignored.
@@ -38,15 +41,17 @@ class XmlElement {
 
   // The value under `key`, created empty if missing. All attributes are set this way. The
   // reference holds until the next key is added.
-  std::string& attribute(const std::string& key);
+  std::string& attribute(std::string_view key);
   // A copy of the value under `key`, or an empty text; never creates the key.
-  std::string getAttribute(const std::string& key) const;
+  std::string getAttribute(std::string_view key) const;
   std::string name() const { return name_; }
   const XmlAttributes& attributes() const { return attributes_; }
 
  protected:
-  // Writes ` key="escaped value"` for every attribute, in key order.
-  void writeAttributes(std::string& out) const;
+  // Writes "<", `name`, ` key="escaped value"` for every attribute in key order, and `end`.
+  void writeStartTag(std::string& out, std::string_view name, std::string_view end) const;
+  // How many characters writeStartTag appends if no value needs escaping.
+  size_t plainStartTagSize(std::string_view name, std::string_view end) const;
   // Inserts each attribute of `other` whose key is not yet present.
   void copyAttributes(const XmlElement& other);
 
@@ -58,7 +63,5 @@ class XmlElement {
 // The value as it appears in an attribute. "&" is replaced after "<" and ">", so those
 // two come out escaped twice ("<" gives "&amp;lt;"); readers of our files expect this.
 std::string escape(std::string value);
-// Appends escape(value) to `out`.
-void appendEscaped(std::string& out, const std::string& value);
 
 }  // namespace orlo::core::xml

@@ -42,16 +42,23 @@ XmlObject::XmlObject(std::string name, std::string description, std::string valu
 XmlObject::~XmlObject() = default;
 
 void XmlObject::write(std::string& out) const {
-  out += '<';
-  out += kObjectElement;
-  writeAttributes(out);
-  out += '>';
+  // One growth of `out` for the whole subtree, rather than many as it fills.
+  out.reserve(out.size() + plainWrittenSize());
+  writeStartTag(out, kObjectElement, ">");
   writeAll(properties_, out);
   writeAll(lists_, out);
   writeAll(objects_, out);
   out += "</";
   out += kObjectElement;
   out += '>';
+}
+
+size_t XmlObject::plainWrittenSize() const {
+  size_t size = plainStartTagSize(kObjectElement, ">") + sizeof(kObjectElement) + 2;
+  for (const auto* elements : {&properties_, &lists_, &objects_}) {
+    for (const auto& element : *elements) size += element->plainWrittenSize();
+  }
+  return size;
 }
 
 XmlElementList XmlObject::find(std::string elementName, std::string attributeKey,

@@ -20,6 +20,7 @@ class XmlObject : public XmlElement {
   ~XmlObject() override;
 
   void write(std::string& out) const override;
+  size_t plainWrittenSize() const override;
   // This element (if it matches), then what each child in objects, lists and properties
   // gives with depth less one. A depth of 0 gives nothing.
   XmlElementList find(std::string elementName, std::string attributeKey, std::string attributeValue,

@@ -9,10 +9,11 @@ const char kPropertyElement[] = "Property";
 XmlProperty::XmlProperty() : XmlElement(kPropertyElement) {}
 
 void XmlProperty::write(std::string& out) const {
-  out += '<';
-  out += kPropertyElement;
-  writeAttributes(out);
-  out += "/>";
+  writeStartTag(out, kPropertyElement, "/>");
+}
+
+size_t XmlProperty::plainWrittenSize() const {
+  return plainStartTagSize(kPropertyElement, "/>");
 }
 
 std::unique_ptr<XmlElement> XmlProperty::clone() const {

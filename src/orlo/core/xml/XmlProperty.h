@@ -13,6 +13,7 @@ class XmlProperty : public XmlElement {
   XmlProperty();
 
   void write(std::string& out) const override;
+  size_t plainWrittenSize() const override;
   std::unique_ptr<XmlElement> clone() const override;
   bool isEmpty() const override;
 };
