@@ -15,17 +15,22 @@ namespace {
 namespace properties = core::properties;
 using Descriptor = core::Attribute (*)();
 
+namespace layout = commands::nvme::layout;
+
 struct TextField {
   Descriptor descriptor;
   uint32_t offset;
   uint32_t length;
 };
 
-struct FlagField {
+struct NvmeText {
   Descriptor descriptor;
-  uint32_t offset;
-  uint32_t width;
-  uint32_t bit;
+  layout::ByteField field;
+};
+
+struct NvmeFlag {
+  Descriptor descriptor;
+  layout::FlagField field;
 };
 
 struct VersionGate {
@@ -34,19 +39,16 @@ struct VersionGate {
 };
 
 // Identify Controller.
-constexpr TextField kNvmeTexts[] = {
-    {properties::serialNumber, 4, 20},  // SN
-    {properties::modelNumber, 24, 40},  // MN
-    {properties::firmware, 64, 8},      // FR
+constexpr NvmeText kNvmeTexts[] = {
+    {properties::serialNumber, layout::kSerialNumber},
+    {properties::modelNumber, layout::kModelNumber},
+    {properties::firmware, layout::kFirmwareRevision},
 };
-constexpr FlagField kNvmeFlags[] = {
-    {properties::uuidSupported, 96, 4, 9},                          // CTRATT
-    {properties::namespaceManagementSupported, 256, 2, 3},          // OACS
-    {properties::supportCommandEffectsLogEnhancements, 261, 1, 5},  // LPA
+constexpr NvmeFlag kNvmeFlags[] = {
+    {properties::uuidSupported, layout::kUuidListSupported},
+    {properties::namespaceManagementSupported, layout::kNamespaceManagementSupported},
+    {properties::supportCommandEffectsLogEnhancements, layout::kCommandEffectsLogEnhanced},
 };
-constexpr uint32_t kNvmeVendorId = 0;           // VID
-constexpr uint32_t kNvmeSubsystemVendorId = 2;  // SSVID
-constexpr uint32_t kNvmeVersion = 80;           // VER
 constexpr VersionGate kVersionGates[] = {
     {properties::nvme1Point1OrGreater, 0x00010100}, {properties::nvme1Point2OrGreater, 0x00010200},
     {properties::nvme1Point3OrGreater, 0x00010300}, {properties::nvme1Point4OrGreater, 0x00010400},
@@ -60,13 +62,15 @@ constexpr TextField kAtaTexts[] = {
     {properties::modelNumber, 27, 20},   // words 27-46
 };
 
-uint32_t readLittleEndian(const core::Payload& data, uint32_t offset, uint32_t width) {
+uint32_t readLittleEndian(const core::Payload& data, const layout::ByteField& field) {
   uint32_t value = 0;
-  for (uint32_t i = 0; i < width; ++i) value |= static_cast<uint32_t>(data[offset + i]) << (8 * i);
+  for (uint32_t i = 0; i < field.length; ++i) {
+    value |= static_cast<uint32_t>(data[field.offset + i]) << (8 * i);
+  }
   return value;
 }
 
-std::string nvmeText(const core::Payload& data, const TextField& field) {
+std::string nvmeText(const core::Payload& data, const layout::ByteField& field) {
   return core::strings::sanitize(
       std::string(reinterpret_cast<const char*>(data.data()) + field.offset, field.length));
 }
@@ -92,22 +96,22 @@ void setCommon(core::AttributeCollection& attributes, bool maker, bool nvme) {
 
 void setNvmeAttributes(core::AttributeCollection& attributes, const core::Payload& controllerData,
                        const VendorList& makers) {
-  if (controllerData.size() < 4096) return;
-  for (const TextField& field : kNvmeTexts) {
-    core::writeString(attributes, field.descriptor(), nvmeText(controllerData, field));
+  if (controllerData.size() < layout::kIdentifySize) return;
+  for (const NvmeText& text : kNvmeTexts) {
+    core::writeString(attributes, text.descriptor(), nvmeText(controllerData, text.field));
   }
-  for (const FlagField& field : kNvmeFlags) {
-    const uint32_t value = readLittleEndian(controllerData, field.offset, field.width);
-    core::writeUInt8(attributes, field.descriptor(), (value >> field.bit) & 1);
+  for (const NvmeFlag& flag : kNvmeFlags) {
+    const uint32_t value = readLittleEndian(controllerData, flag.field.bytes);
+    core::writeUInt8(attributes, flag.descriptor(), (value >> flag.field.bit) & 1);
   }
-  const uint32_t version = readLittleEndian(controllerData, kNvmeVersion, 4) & 0xFFFFFF00;
+  const uint32_t version = readLittleEndian(controllerData, layout::kVersion) & 0xFFFFFF00;
   for (const VersionGate& gate : kVersionGates) {
     core::writeUInt8(attributes, gate.descriptor(), version >= gate.version);
   }
   const bool maker =
-      makers.contains(static_cast<uint16_t>(readLittleEndian(controllerData, kNvmeVendorId, 2))) ||
+      makers.contains(static_cast<uint16_t>(readLittleEndian(controllerData, layout::kVendorId))) ||
       makers.contains(
-          static_cast<uint16_t>(readLittleEndian(controllerData, kNvmeSubsystemVendorId, 2)));
+          static_cast<uint16_t>(readLittleEndian(controllerData, layout::kSubsystemVendorId)));
   setCommon(attributes, maker, true);
 }
 
@@ -122,7 +126,7 @@ void setAtaAttributes(core::AttributeCollection& attributes, const core::Payload
 core::Status identifyDrive(core::Device& device, const VendorList& makers) {
   if (device.supportsProtocol("NVME")) {
     commands::nvme::Identify identify;
-    identify.setCns(1);
+    identify.setCns(layout::kCnsController);
     const core::CommandRecord record = device.send(identify);
     if (core::succeeded(record.status)) {
       setNvmeAttributes(device.attributes, record.outputPayload, makers);

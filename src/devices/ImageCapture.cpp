@@ -23,21 +23,7 @@ namespace properties = core::properties;
 constexpr uint32_t kAllNamespaces = 0xFFFFFFFF;
 constexpr uint32_t kMostNamespaces = 16;
 
-constexpr uint8_t kActiveNamespaceList = 2;
-constexpr uint8_t kAllocatedNamespaceList = 16;
-constexpr uint8_t kUUIDList = 23;
-
-// The Identify structures that the toolkit decodes.
-constexpr uint8_t kDecodedStructures[] = {
-    0,  1, kActiveNamespaceList, 3, kAllocatedNamespaceList, 17, 18, 19, 20, 21, 22, kUUIDList,
-    26, 28};
-
-struct LogPage {
-  uint8_t id;
-  uint32_t bytes;
-  bool vendorUUID;  // asked for with the UUID index of the vendor's GUID
-};
-constexpr LogPage kLogPages[] = {{5, 4096, false}, {221, 512, true}};
+namespace layout = commands::nvme::layout;
 
 class Recorder {
  public:
@@ -75,7 +61,7 @@ class Recorder {
 core::Payload identify(Recorder& recorder, uint8_t cns, uint32_t namespaceId) {
   commands::nvme::Identify command;
   command.setCns(cns);
-  command.submissionEntry.setDword(1, namespaceId);
+  command.submissionEntry.set(layout::kNamespaceId, namespaceId);
   return recorder.keep(command);
 }
 
@@ -98,7 +84,7 @@ uint32_t vendorUUIDIndex(const core::Payload& uuidList) {
   for (const features::uuid::GUID16& guid :
        {features::uuid::VendorGUID, features::uuid::VendorGUIDReversed}) {
     for (std::size_t i = 0; i < entries.size(); ++i) {
-      if (std::equal(guid.begin(), guid.end(), entries[i].begin() + 16)) {
+      if (std::equal(guid.begin(), guid.end(), entries[i].begin() + layout::kUuidInEntry)) {
         return static_cast<uint32_t>(i + 1);
       }
     }
@@ -112,21 +98,23 @@ void captureNvme(core::Device& device, Recorder& recorder) {
   if (own != 0) namespaces.insert(own);
   // The allocated namespaces as well as the attached ones: a detached namespace has no
   // node, yet the drive describes it (CNS 11h) and the toolkit may ask for it.
-  for (const uint8_t list : {kActiveNamespaceList, kAllocatedNamespaceList}) {
+  for (const uint8_t list : {layout::kCnsActiveNamespaceList, layout::kCnsAllocatedNamespaceList}) {
     for (const uint32_t id : listedNamespaces(identify(recorder, list, 0))) namespaces.insert(id);
   }
-  const uint32_t uuidIndex = vendorUUIDIndex(identify(recorder, kUUIDList, 0));
-  for (const uint8_t cns : kDecodedStructures) {
-    for (const uint32_t id : namespaces) identify(recorder, cns, id);
+  const uint32_t uuidIndex = vendorUUIDIndex(identify(recorder, layout::kCnsUuidList, 0));
+  for (const layout::IdentifyStructure& structure : layout::kDecodedStructures) {
+    for (const uint32_t id : namespaces) identify(recorder, structure.cns, id);
   }
-  for (const LogPage& page : kLogPages) {
+  for (const layout::LogPage& page : layout::kReadLogPages) {
     commands::nvme::GetLogPage command;
-    const uint32_t dwords = page.bytes / 4 - 1;
-    command.submissionEntry.setDword(1, kAllNamespaces);
-    command.submissionEntry.setDword(10, page.id | (dwords & 0xFFFF) << 16);
-    command.submissionEntry.setDword(11, dwords >> 16);
-    if (page.vendorUUID) command.submissionEntry.setDword(14, uuidIndex);
-    command.transferBytes = page.bytes;
+    commands::nvme::SubmissionEntry& entry = command.submissionEntry;
+    const uint32_t dwords = page.size / 4 - 1;
+    entry.set(layout::kNamespaceId, kAllNamespaces);
+    entry.set(layout::kLogId, page.id);
+    entry.set(layout::kDwordCountLower, dwords & 0xFFFF);
+    entry.set(layout::kDwordCountUpper, dwords >> 16);
+    if (page.makersUuid) entry.set(layout::kUuidIndex, uuidIndex);
+    command.transferBytes = page.size;
     recorder.keep(command);
   }
 }

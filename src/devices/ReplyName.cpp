@@ -1,7 +1,8 @@
 #include "devices/ReplyName.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <set>
+#include <iterator>
 
 #include "orlo/commands/ata/Command.h"
 #include "orlo/commands/nvme/Command.h"
@@ -10,28 +11,28 @@ namespace orlo::devices {
 
 namespace {
 
-constexpr uint8_t kGetLogPage = 0x02;
-constexpr uint8_t kIdentify = 0x06;
+namespace layout = commands::nvme::layout;
 
-// The Identify structures whose contents depend on the namespace field: a
-// namespace, a list starting after one, its descriptors, its controllers.
-const std::set<uint8_t> kNamespaceStructures = {0x00, 0x02, 0x03, 0x05, 0x06, 0x07, 0x08,
-                                                0x10, 0x11, 0x12, 0x1A, 0x1B, 0x1F};
+bool dependsOnNamespace(uint8_t cns) {
+  return std::find(std::begin(layout::kPerNamespaceCns), std::end(layout::kPerNamespaceCns), cns) !=
+         std::end(layout::kPerNamespaceCns);
+}
 
 std::string nvmeName(const commands::nvme::Command& command) {
   const commands::nvme::SubmissionEntry& entry = command.submissionEntry;
   const unsigned opcode = entry.bytes[0];
-  const unsigned long nsid = entry.dword(1);
+  const unsigned long nsid = entry.get(layout::kNamespaceId);
   char name[64];
-  if (opcode == kIdentify) {
-    const uint8_t cns = entry.dword(10) & 0xFF;
+  if (opcode == layout::kIdentifyOpcode) {
+    const auto cns = static_cast<uint8_t>(entry.get(layout::kCns));
     std::snprintf(name, sizeof name, "nvme-identify-cns%02x-nsid%08lx.bin", cns,
-                  kNamespaceStructures.count(cns) ? nsid : 0ul);
-  } else if (opcode == kGetLogPage) {
+                  dependsOnNamespace(cns) ? nsid : 0ul);
+  } else if (opcode == layout::kGetLogPageOpcode) {
     const unsigned long long offset =
-        (static_cast<unsigned long long>(entry.dword(13)) << 32) | entry.dword(12);
+        (static_cast<unsigned long long>(entry.get(layout::kLogOffsetUpper)) << 32) |
+        entry.get(layout::kLogOffsetLower);
     std::snprintf(name, sizeof name, "nvme-getlog-lid%02x-nsid%08lx-offset%llu.bin",
-                  static_cast<unsigned>(entry.dword(10) & 0xFF), nsid, offset);
+                  entry.get(layout::kLogId), nsid, offset);
   } else {
     std::snprintf(name, sizeof name, "nvme-opc%02x-nsid%08lx.bin", opcode, nsid);
   }

@@ -5,6 +5,7 @@
 #include <set>
 #include <sstream>
 
+#include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/LoggerSetup.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/identify/ATAIdentify.h"
@@ -149,4 +150,19 @@ TEST(IdentifyFrontEnd, IdentifiesThroughTheProtocolObjectOnlyWhenItCanRun) {
   EXPECT_EQ(device->sent.size(), 1u);
   EXPECT_EQ(feature.payload.size(), 0u);
   EXPECT_EQ(feature.identifyObject->payload.size(), 4096u);
+}
+
+// Capture records the structures of the one list of decoded CNS values: each must
+// have its decoder, and a value outside the list none. Every byte 1, so that a list
+// holds an entry.
+TEST(NVMeIdentify, DecodesExactlyTheStructuresTheLayoutNames) {
+  namespace layout = orlo::commands::nvme::layout;
+  std::set<int> decoded;
+  for (const auto& structure : layout::kDecodedStructures) decoded.insert(structure.cns);
+  const std::vector<uint8_t> ones(4096, 1);
+  for (int cns = 0; cns < 256; ++cns) {
+    NVMeIdentify feature(drive(false, false), request(cns));
+    feature.payload = Payload(ones.data(), ones.size());
+    EXPECT_EQ(!feature.getXml()->isEmpty(), decoded.count(cns) == 1) << cns;
+  }
 }

@@ -3,7 +3,7 @@
 namespace orlo::commands::nvme {
 
 GetLogPage::GetLogPage() : ReadCommand("GetLogPage") {
-  submissionEntry.bytes[0] = 2;
+  submissionEntry.bytes[0] = layout::kGetLogPageOpcode;
   admin = true;
 }
 

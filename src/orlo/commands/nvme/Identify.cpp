@@ -3,13 +3,13 @@
 namespace orlo::commands::nvme {
 
 Identify::Identify() : ReadCommand("Identify") {
-  submissionEntry.bytes[0] = 6;
+  submissionEntry.bytes[0] = layout::kIdentifyOpcode;
   admin = true;
-  transferBytes = 4096;
+  transferBytes = layout::kIdentifySize;
 }
 
 void Identify::setCns(uint8_t cns) {
-  submissionEntry.setDwordBits(10, 0, 8, cns);
+  submissionEntry.set(layout::kCns, cns);
 }
 
 }  // namespace orlo::commands::nvme

@@ -29,4 +29,9 @@ void SubmissionEntry::setDwordBits(std::size_t index, unsigned lowBit, unsigned 
   setDword(index, static_cast<uint32_t>(merged));
 }
 
+uint32_t SubmissionEntry::get(const layout::EntryField& field) const {
+  const uint64_t mask = (uint64_t{1} << field.width) - 1;
+  return static_cast<uint32_t>((dword(field.dword) >> field.lowBit) & mask);
+}
+
 }  // namespace orlo::commands::nvme

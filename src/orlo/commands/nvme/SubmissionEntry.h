@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "orlo/commands/nvme/Layout.h"
+
 namespace orlo::commands::nvme {
 
 // The 64-byte submission queue entry exactly as the drive receives it. Numbers are
@@ -23,6 +25,11 @@ class SubmissionEntry {
   // Writes the low `count` bits of `value` to bits lowBit + count - 1 to lowBit of
   // dword `index`, leaving its other bits as they are.
   void setDwordBits(std::size_t index, unsigned lowBit, unsigned count, uint32_t value);
+  // A named field of the command dwords.
+  uint32_t get(const layout::EntryField& field) const;
+  void set(const layout::EntryField& field, uint32_t value) {
+    setDwordBits(field.dword, field.lowBit, field.width, value);
+  }
 
   const uint8_t* data() const { return bytes.data(); }
 

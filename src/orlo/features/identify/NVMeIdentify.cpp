@@ -33,10 +33,7 @@ using core::xml::XmlObject;
 
 constexpr uint32_t kBroadcastNamespace = 0xFFFFFFFF;
 
-constexpr uint8_t kNamespaceCns = 0;
-constexpr uint8_t kAttachedNamespaceListCns = 2;
-constexpr uint8_t kAllocatedNamespaceListCns = 16;
-constexpr uint8_t kAllocatedNamespaceCns = 17;
+namespace layout = commands::nvme::layout;
 
 // The command set of DWord 11; no other feature reads it.
 Attribute csi() {
@@ -57,13 +54,13 @@ struct CnsRequirement {
 
 // clang-format off
 const CnsRequirement kRequirements[] = {
-    {2,  properties::nvme1Point2OrGreater},
-    {3,  properties::nvme1Point3OrGreater},
-    {20, properties::nvme1Point3OrGreater},
-    {21, properties::nvme1Point3OrGreater},
-    {16, properties::namespaceManagementSupported},
-    {18, properties::namespaceManagementSupported},
-    {19, properties::namespaceManagementSupported},
+    {layout::kCnsActiveNamespaceList,           properties::nvme1Point2OrGreater},
+    {layout::kCnsNamespaceIdentification,       properties::nvme1Point3OrGreater},
+    {layout::kCnsPrimaryControllerCapabilities, properties::nvme1Point3OrGreater},
+    {layout::kCnsSecondaryControllerList,       properties::nvme1Point3OrGreater},
+    {layout::kCnsAllocatedNamespaceList,        properties::namespaceManagementSupported},
+    {layout::kCnsAttachedControllers,           properties::namespaceManagementSupported},
+    {layout::kCnsAllControllers,                properties::namespaceManagementSupported},
 };
 // clang-format on
 
@@ -85,20 +82,20 @@ struct StructureDecoder {
 
 // clang-format off
 const StructureDecoder kDecoders[] = {
-    {0,  namespaceData::toXmlObject,                             nullptr},
-    {17, namespaceData::toXmlObject,                             nullptr},
-    {1,  controllerData::toXmlObject,                            nullptr},
-    {2,  payloadOnly<namespaceList::toXmlObject>,                "Attached Namespace IDs"},
-    {3,  payloadOnly<namespaceIdentification::toXmlObject>,      nullptr},
-    {16, payloadOnly<namespaceList::toXmlObject>,                "Allocated Namespace IDs"},
-    {18, payloadOnly<controllerList::toXmlObject>,               "Attached Controllers"},
-    {19, payloadOnly<controllerList::toXmlObject>,               "All Controllers"},
-    {20, payloadOnly<primaryControllerCapabilities::toXmlObject>, nullptr},
-    {21, payloadOnly<secondaryControllerList::toXmlObject>,      nullptr},
-    {22, payloadOnly<namespaceGranularityList::toXmlObject>,     nullptr},
-    {23, payloadOnly<UUIDList::toXmlObject>,                     nullptr},
-    {26, payloadOnly<namespaceList::toXmlObject>,                nullptr},
-    {28, payloadOnly<commandSetVector::toXmlObject>,             nullptr},
+    {layout::kCnsNamespace,                     namespaceData::toXmlObject,                              nullptr},
+    {layout::kCnsAllocatedNamespace,            namespaceData::toXmlObject,                              nullptr},
+    {layout::kCnsController,                    controllerData::toXmlObject,                             nullptr},
+    {layout::kCnsActiveNamespaceList,           payloadOnly<namespaceList::toXmlObject>,                 "Attached Namespace IDs"},
+    {layout::kCnsNamespaceIdentification,       payloadOnly<namespaceIdentification::toXmlObject>,       nullptr},
+    {layout::kCnsAllocatedNamespaceList,        payloadOnly<namespaceList::toXmlObject>,                 "Allocated Namespace IDs"},
+    {layout::kCnsAttachedControllers,           payloadOnly<controllerList::toXmlObject>,                "Attached Controllers"},
+    {layout::kCnsAllControllers,                payloadOnly<controllerList::toXmlObject>,                "All Controllers"},
+    {layout::kCnsPrimaryControllerCapabilities, payloadOnly<primaryControllerCapabilities::toXmlObject>, nullptr},
+    {layout::kCnsSecondaryControllerList,       payloadOnly<secondaryControllerList::toXmlObject>,       nullptr},
+    {layout::kCnsNamespaceGranularityList,      payloadOnly<namespaceGranularityList::toXmlObject>,      nullptr},
+    {layout::kCnsUuidList,                      payloadOnly<UUIDList::toXmlObject>,                      nullptr},
+    {layout::kCnsIoCommandSetAllocatedNamespaceList, payloadOnly<namespaceList::toXmlObject>,            nullptr},
+    {layout::kCnsIoCommandSetVector,            payloadOnly<commandSetVector::toXmlObject>,              nullptr},
 };
 // clang-format on
 
@@ -107,14 +104,14 @@ const StructureDecoder kDecoders[] = {
 // command path does not pass CNS 17 on, and the broadcast namespace has no allocation.
 void rewriteSingleNamespaceCns(AttributeCollection& attributes,
                                const AttributeCollection& deviceAttributes) {
-  if (core::readUInt8(attributes, properties::controllerNamespaceStructure()) != kNamespaceCns ||
+  if (core::readUInt8(attributes, properties::controllerNamespaceStructure()) != layout::kCnsNamespace ||
       !core::readBool(deviceAttributes, properties::namespaceManagementSupported())) {
     return;
   }
   if (core::readUInt32(attributes, properties::namespaceId()) < kBroadcastNamespace &&
       !core::readBool(deviceAttributes, properties::isCommandPathNVMeMSFT())) {
     core::writeUInt8(attributes, properties::controllerNamespaceStructure(),
-                     kAllocatedNamespaceCns);
+                     layout::kCnsAllocatedNamespace);
   }
 }
 
@@ -124,14 +121,16 @@ Identify::Identify(const std::shared_ptr<core::Device>& device,
                    const AttributeCollection& attributes)
     : IdentifyInterface(device, attributes) {
   if (!core::hasAttribute(this->attributes, properties::controllerNamespaceStructure())) {
-    core::writeUInt8(this->attributes, properties::controllerNamespaceStructure(), kNamespaceCns);
+    core::writeUInt8(this->attributes, properties::controllerNamespaceStructure(), layout::kCnsNamespace);
   }
   if (!core::hasAttribute(this->attributes, properties::namespaceId())) {
     uint32_t namespaceId = core::readUInt32(device->attributes, properties::namespaceId());
     if (namespaceId == 0) namespaceId = kBroadcastNamespace;
     const uint8_t cns =
         core::readUInt8(this->attributes, properties::controllerNamespaceStructure());
-    if (cns == kAttachedNamespaceListCns || cns == kAllocatedNamespaceListCns) namespaceId = 0;
+    if (cns == layout::kCnsActiveNamespaceList || cns == layout::kCnsAllocatedNamespaceList) {
+      namespaceId = 0;
+    }
     core::writeUInt32(this->attributes, properties::namespaceId(), namespaceId);
   }
 }
@@ -162,9 +161,10 @@ Status Identify::identify() {
   ORLO_LOG(info, "NSID = " << +core::readUInt8(attributes, properties::namespaceId()));
   ORLO_LOG(info, "CSI  = " << +core::readUInt8(attributes, csi()));
 
-  command.submissionEntry.setDword(1, core::readUInt32(attributes, properties::namespaceId()));
+  command.submissionEntry.set(layout::kNamespaceId,
+                              core::readUInt32(attributes, properties::namespaceId()));
   command.setCns(core::readUInt8(attributes, properties::controllerNamespaceStructure()));
-  command.submissionEntry.setDwordBits(11, 24, 8, core::readUInt8(attributes, csi()));
+  command.submissionEntry.set(layout::kCommandSetId, core::readUInt8(attributes, csi()));
 
   const core::CommandRecord record = device->send(command);
   payload = record.outputPayload;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/Logging.h"
 #include "orlo/core/Payload.h"
 #include "orlo/features/identify/IdentifyListWalk.h"
@@ -39,8 +40,10 @@ constexpr Row kEntry[] = {
 // clang-format on
 
 bool isZeroUuid(const core::Payload& payload, uint32_t entry) {
-  return valueForms::littleEndian(payload, entry + 16, 8) == 0 &&
-         valueForms::littleEndian(payload, entry + 24, 8) == 0;
+  namespace layout = commands::nvme::layout;
+  const uint32_t uuid = entry + layout::kUuidInEntry;
+  return valueForms::littleEndian(payload, uuid, 8) == 0 &&
+         valueForms::littleEndian(payload, uuid + 8, 8) == 0;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/Attribute.h"
 #include "orlo/core/PropertyDescriptors.h"
 
@@ -10,7 +11,7 @@
 namespace orlo::features::nvme_get_log::commandEffects {
 
 // The bytes of the log that the decoder needs; a shorter log is not decoded.
-constexpr uint32_t kLogSize = 4096;
+constexpr uint32_t kLogSize = commands::nvme::layout::kCommandsEffectsLog.size;
 
 // A device attribute that must read true for a row to be shown; null when it always is.
 using Gate = core::Attribute (*)();

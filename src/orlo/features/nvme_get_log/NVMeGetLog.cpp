@@ -23,9 +23,6 @@ constexpr uint32_t kBroadcastNamespace = 0xFFFFFFFF;
 // Logs from here on are vendor specific: the subclass names the UUIDs it accepts.
 constexpr uint8_t kFirstVendorLogId = 192;
 
-// DWord 10 bit 15 on its own.
-constexpr unsigned kRetainAsynchronousEventBit = 15;
-
 }  // namespace
 
 NVMeGetLog::NVMeGetLog(const std::shared_ptr<core::Device>& device, uint8_t logId,
@@ -89,18 +86,20 @@ core::Status NVMeGetLog::sendCommand() {
     auto& entry = command->submissionEntry;
     const uint32_t numDWORDs = core::readUInt32(attributes, properties::numDWORDs());
     const uint64_t offset = core::readUInt64(attributes, properties::logPageOffset());
-    entry.setDwordBits(10, 0, 8, getLogId());
-    entry.setDword(1, core::readUInt32(attributes, properties::namespaceId()));
-    entry.setDwordBits(10, 16, 16, numDWORDs & 0xFFFF);
-    entry.setDwordBits(11, 0, 16, numDWORDs >> 16);
+    namespace layout = commands::nvme::layout;
+    entry.set(layout::kLogId, getLogId());
+    entry.set(layout::kNamespaceId, core::readUInt32(attributes, properties::namespaceId()));
+    entry.set(layout::kDwordCountLower, numDWORDs & 0xFFFF);
+    entry.set(layout::kDwordCountUpper, numDWORDs >> 16);
     command->transferBytes = (uint64_t{numDWORDs} + 1) * 4;
-    entry.setDword(12, static_cast<uint32_t>(offset));
-    entry.setDword(13, static_cast<uint32_t>(offset >> 32));
-    entry.setDwordBits(10, 8, 7, core::readUInt8(attributes, properties::logSpecificField()));
-    entry.setDwordBits(11, 16, 16, core::readUInt16(attributes, properties::logSpecificId()));
-    entry.setDwordBits(14, 0, 7, getUUIDIndex());
-    entry.setDwordBits(10, kRetainAsynchronousEventBit, 1,
-                       core::readBool(attributes, retainAsynchronousEventProperty()) ? 1 : 0);
+    entry.set(layout::kLogOffsetLower, static_cast<uint32_t>(offset));
+    entry.set(layout::kLogOffsetUpper, static_cast<uint32_t>(offset >> 32));
+    entry.set(layout::kLogSpecificField,
+              core::readUInt8(attributes, properties::logSpecificField()));
+    entry.set(layout::kLogSpecificId, core::readUInt16(attributes, properties::logSpecificId()));
+    entry.set(layout::kUuidIndex, getUUIDIndex());
+    entry.set(layout::kRetainAsynchronousEvent,
+              core::readBool(attributes, retainAsynchronousEventProperty()) ? 1 : 0);
 
     core::CommandRecord record = device->send(*command, core::Payload());
     result = record.status;

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/ProductNames.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/nvme_get_log/LogFactories.h"
@@ -16,8 +17,8 @@ namespace products = core::products;
 
 namespace {
 
-constexpr uint8_t kLogId = 221;
-constexpr uint32_t kLogSize = 512;
+constexpr uint8_t kLogId = commands::nvme::layout::kMarketingDescriptionLog.id;
+constexpr uint32_t kLogSize = commands::nvme::layout::kMarketingDescriptionLog.size;
 // A log shorter than this is shown without its text.
 constexpr uint32_t kShortestLog = 4;
 

@@ -10,7 +10,7 @@ namespace orlo::features::nvme_get_log {
 
 namespace {
 
-constexpr uint8_t kLogId = 5;
+constexpr uint8_t kLogId = commands::nvme::layout::kCommandsEffectsLog.id;
 
 std::unique_ptr<NVMeGetLog> makeCommandsEffects(const std::shared_ptr<core::Device>& device,
                                                 const core::AttributeCollection& attributes) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/AttributeCollection.h"
 #include "orlo/core/Logging.h"
 #include "orlo/core/Payload.h"
@@ -17,7 +18,7 @@ namespace {
 
 namespace properties = core::properties;
 
-constexpr uint8_t kUUIDListCns = 23;
+constexpr uint8_t kUUIDListCns = commands::nvme::layout::kCnsUuidList;
 constexpr std::size_t kUUIDOffset = 16;
 
 }  // namespace

@@ -3,16 +3,19 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "orlo/commands/nvme/Layout.h"
+
 namespace orlo::features::uuid {
 
 namespace {
 
-constexpr uint32_t kListSize = 4096;
-constexpr std::size_t kFirstEntry = 32;
-constexpr std::size_t kEntrySize = sizeof(UUIDListEntry);
-constexpr std::size_t kUUIDOffset = 16;
-// As many entries as fit behind the reserved first 32 bytes.
-constexpr std::size_t kMaxEntries = (kListSize - kFirstEntry) / kEntrySize;
+namespace layout = commands::nvme::layout;
+constexpr std::size_t kListSize = layout::kIdentifySize;
+constexpr std::size_t kFirstEntry = layout::kUuidListHeader;
+constexpr std::size_t kEntrySize = layout::kUuidListEntrySize;
+constexpr std::size_t kUUIDOffset = layout::kUuidInEntry;
+constexpr std::size_t kMaxEntries = layout::kUuidListEntries;
+static_assert(sizeof(UUIDListEntry) == kEntrySize);
 
 }  // namespace
 
