@@ -33,7 +33,7 @@ TEST_F(ProviderTest, ProgressFollowsTheBytesNotTheEntries) {
   }
   writeZip(dir / "x.zip", old);
   std::string text;
-  for (int line = 0; text.size() < (6u << 20); ++line) {
+  for (unsigned line = 0; text.size() < (6u << 20); ++line) {
     text += "line " + std::to_string(line * 7919 % 100003) + "\n";
   }
   writeBytes(dir / "big.txt", text);
