@@ -1,6 +1,7 @@
 #include "host/BashCompletion.h"
 
 #include <algorithm>
+#include <cctype>
 #include <map>
 #include <sstream>
 #include <vector>
