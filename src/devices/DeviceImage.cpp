@@ -10,6 +10,7 @@
 #include "devices/AtaProtocolResult.h"
 #include "devices/NvmeProtocolResult.h"
 #include "devices/RegularFile.h"
+#include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/Strings.h"
 
@@ -238,7 +239,8 @@ core::Status DeviceImage::writeRefusal(const std::string& name,
 }
 
 core::Status DeviceImage::badRefusal(const std::filesystem::path& path, const std::string& why) {
-  return core::Status(10, 127, "Device image " + path.string() + ": " + why);
+  return core::ownStatus(core::OwnCode::badImageRefusal,
+                         "Device image " + path.string() + ": " + why);
 }
 
 }  // namespace orlo::devices

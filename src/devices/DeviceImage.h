@@ -58,7 +58,7 @@ class DeviceImage {
   // a reply of that name; a result of another kind is no drive's and is not written.
   core::Status writeRefusal(const std::string& name, const core::ProtocolResult& result) const;
 
-  // Code 127, category 10: the refusal file at `path` does not hold a failed
+  // Our code badImageRefusal: the refusal file at `path` does not hold a failed
   // completion (`why` says what is wrong).
   static core::Status badRefusal(const std::filesystem::path& path, const std::string& why);
 

@@ -21,7 +21,7 @@ struct DriveOptions {
 //   a path (with a "/"): /dev/nvme* as an NvmeDevice, /dev/sd* as a SataDevice;
 //   a number: the drive of that index in discoverDrives;
 //   otherwise the serial number of a discovered drive.
-// A value that names nothing gives status 36 with a message that says so.
+// A value that names nothing gives noDriveMatches, with a message that says why.
 core::Status openDrive(const std::string& ssd, const DriveOptions& options,
                        std::shared_ptr<core::Device>& device);
 

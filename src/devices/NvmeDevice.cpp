@@ -8,6 +8,7 @@
 #include "devices/NvmePassThrough.h"
 #include "devices/NvmeProtocolResult.h"
 #include "devices/SendRecord.h"
+#include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
 
 namespace orlo::devices {
@@ -44,7 +45,7 @@ core::CommandRecord NvmeDevice::send(core::Command& command, const core::Payload
   const uint32_t length = static_cast<uint32_t>(nvme->transferBytes);
   core::Payload buffer = nvme->dataOut ? dataOut : core::Payload(length);
   if (buffer.size() < length) {
-    record.status = core::Status(36, "The data buffer is shorter than the command's transfer.");
+    record.status = core::bufferShorterThanTransfer();
     finishRecord(record);
     return record;
   }

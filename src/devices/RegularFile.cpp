@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "orlo/core/OwnStatuses.h"
+
 namespace orlo::devices {
 
 namespace {
@@ -46,12 +48,13 @@ class Descriptor {
 }  // namespace
 
 core::Status notRegularFile(const std::filesystem::path& path, const std::string& kind) {
-  return core::Status(10, 125, path.string() + " is " + kind + ", not a regular file.");
+  return core::ownStatus(core::OwnCode::notRegularFile,
+                         path.string() + " is " + kind + ", not a regular file.");
 }
 
 core::Status fileTooLarge(const std::filesystem::path& path, std::size_t limit) {
-  return core::Status(10, 126,
-                      path.string() + " is larger than " + std::to_string(limit / 1024) + " KiB.");
+  return core::ownStatus(core::OwnCode::fileTooLarge, path.string() + " is larger than " +
+                                                          std::to_string(limit / 1024) + " KiB.");
 }
 
 core::Status readRegularFile(const std::filesystem::path& path, std::size_t limit,

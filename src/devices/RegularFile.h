@@ -8,11 +8,11 @@
 
 namespace orlo::devices {
 
-// Code 125, category 10: `path` names a directory, FIFO, socket or device (`kind`, as
+// Our code notRegularFile: `path` names a directory, FIFO, socket or device (`kind`, as
 // "a directory"), which a reader that wants a file's bytes cannot take.
 core::Status notRegularFile(const std::filesystem::path& path, const std::string& kind);
 
-// Code 126, category 10: the file at `path` holds more than `limit` bytes.
+// Our code fileTooLarge: the file at `path` holds more than `limit` bytes.
 core::Status fileTooLarge(const std::filesystem::path& path, std::size_t limit);
 
 // Reads the whole of the regular file at `path` into `bytes`, at most `limit` bytes. The

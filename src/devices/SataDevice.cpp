@@ -10,6 +10,7 @@
 #include "devices/DriveAttributes.h"
 #include "devices/SendRecord.h"
 #include "orlo/commands/ata/Command.h"
+#include "orlo/core/OwnStatuses.h"
 
 namespace orlo::devices {
 
@@ -45,7 +46,7 @@ core::CommandRecord SataDevice::send(core::Command& command, const core::Payload
   const uint32_t length = moves ? ataTransferLength(*ata) : 0;
   core::Payload buffer = ata->dataOut ? dataOut : core::Payload(length);
   if (buffer.size() < length) {
-    record.status = core::Status(36, "The data buffer is shorter than the command's transfer.");
+    record.status = core::bufferShorterThanTransfer();
     finishRecord(record);
     return record;
   }

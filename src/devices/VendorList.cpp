@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "devices/RegularFile.h"
+#include "orlo/core/OwnStatuses.h"
 
 namespace orlo::devices {
 
@@ -33,7 +34,7 @@ core::Status VendorList::add(const std::string& text) {
     while (words >> word) {
       uint16_t id = 0;
       if (!parseVendorId(word, id)) {
-        return core::Status(36, "Not a PCI vendor ID: \"" + word + "\".");
+        return notVendorId(word);
       }
       found.push_back(id);
     }
@@ -43,8 +44,12 @@ core::Status VendorList::add(const std::string& text) {
   return core::Status::success();
 }
 
+core::Status VendorList::notVendorId(const std::string& word) {
+  return core::ownStatus(core::OwnCode::notVendorId, "Not a PCI vendor ID: \"" + word + "\".");
+}
+
 core::Status VendorList::namesNoVendor() {
-  return core::Status(37, "The list names no PCI vendor ID.");
+  return core::ownStatus(core::OwnCode::noVendorListed, "The list names no PCI vendor ID.");
 }
 
 core::Status VendorList::addFile(const std::string& path) {

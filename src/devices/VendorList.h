@@ -17,9 +17,11 @@ class VendorList {
   // A list is a few lines; more than this is no list but a mistaken file.
   static constexpr std::size_t kFileLimit = 64 * 1024;
 
-  // Code 37, category 0: a list that names no identifier, which would leave every
-  // drive another vendor's without saying so.
+  // Our code noVendorListed: a list that names no identifier, which would leave
+  // every drive another vendor's without saying so.
   static core::Status namesNoVendor();
+  // Our code notVendorId: a word of a list that is no 16-bit hexadecimal number.
+  static core::Status notVendorId(const std::string& word);
 
   // Adds the identifiers of a text: hexadecimal numbers with or without "0x",
   // separated by commas, blanks or line ends; "#" starts a comment to the end of

@@ -144,7 +144,7 @@ TEST(VendorList, ReadsHexadecimalIdentifiersAndRefusesOtherWords) {
 
   for (const std::string bad : {"0x12345", "vendor", "0x", "1e5a;"}) {
     orlo::devices::VendorList list;
-    EXPECT_EQ(list.add("abcd " + bad), Status(36, "")) << bad;
+    EXPECT_EQ(list.add("abcd " + bad), orlo::devices::VendorList::notVendorId("")) << bad;
     EXPECT_FALSE(list.contains(0xABCD)) << "nothing is added from a bad text";
   }
   for (const std::string nothing : {",,,", "# none yet\n", " \n"}) {

@@ -12,6 +12,25 @@ namespace orlo::core {
 
 constexpr int32_t kOwnCategory = 20;
 
+// The codes of the category, one for each failure, whichever part of orlo raises it.
+enum class OwnCode : int32_t {
+  noDriveMatches = 1,
+  unknownLogName = 2,
+  invalidPropertyValue = 3,
+  noIdentifyDecoder = 4,
+  notRegularFile = 5,
+  fileTooLarge = 6,
+  badImageRefusal = 7,
+  notVendorId = 8,
+  noVendorListed = 9,
+  bufferShorterThanTransfer = 10,
+};
+
+// A status of ours: the maker of each failure gives its code and message.
+inline Status ownStatus(OwnCode code, const std::string& message) {
+  return Status(kOwnCategory, static_cast<int32_t>(code), message);
+}
+
 // Code 1: "-ssd" names no drive; `why` says what was looked at.
 Status noDriveMatches(const std::string& ssd, const std::string& why);
 
@@ -23,5 +42,8 @@ Status invalidPropertyValue(const std::string& name, const std::string& type);
 
 // Code 4: the drive answered an Identify structure that no decoder reads.
 Status noIdentifyDecoder(uint32_t cns);
+
+// Code 10: a command's data buffer holds fewer bytes than the command transfers.
+Status bufferShorterThanTransfer();
 
 }  // namespace orlo::core
