@@ -1,5 +1,7 @@
 #include "devices/AtaPassThrough.h"
 
+#include "orlo/commands/ata/Layout.h"
+
 namespace orlo::devices {
 
 namespace {
@@ -54,7 +56,7 @@ std::array<uint8_t, 16> ataPassThrough16(const commands::ata::Command& command) 
 
 uint32_t ataTransferLength(const commands::ata::Command& command) {
   if (command.transferBytes != 0) return static_cast<uint32_t>(command.transferBytes);
-  return command.transferBlocks * 512;
+  return command.transferBlocks * commands::ata::layout::kSectorSize;
 }
 
 }  // namespace orlo::devices

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "orlo/commands/ata/IdentifyDevice.h"
+#include "orlo/commands/ata/Layout.h"
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/Strings.h"
@@ -17,10 +18,11 @@ using Descriptor = core::Attribute (*)();
 
 namespace layout = commands::nvme::layout;
 
-struct TextField {
+namespace ataLayout = commands::ata::layout;
+
+struct AtaText {
   Descriptor descriptor;
-  uint32_t offset;
-  uint32_t length;
+  ataLayout::WordText field;
 };
 
 struct NvmeText {
@@ -55,11 +57,10 @@ constexpr VersionGate kVersionGates[] = {
     {properties::nvme2Point0OrGreater, 0x00020000},
 };
 
-// IDENTIFY DEVICE, by word: each word holds two characters, the first in its high byte.
-constexpr TextField kAtaTexts[] = {
-    {properties::serialNumber, 10, 10},  // words 10-19
-    {properties::firmware, 23, 4},       // words 23-26
-    {properties::modelNumber, 27, 20},   // words 27-46
+constexpr AtaText kAtaTexts[] = {
+    {properties::serialNumber, ataLayout::kSerialNumber},
+    {properties::firmware, ataLayout::kFirmwareRevision},
+    {properties::modelNumber, ataLayout::kModelNumber},
 };
 
 uint32_t readLittleEndian(const core::Payload& data, const layout::ByteField& field) {
@@ -75,9 +76,9 @@ std::string nvmeText(const core::Payload& data, const layout::ByteField& field) 
       std::string(reinterpret_cast<const char*>(data.data()) + field.offset, field.length));
 }
 
-std::string ataText(const core::Payload& data, const TextField& field) {
+std::string ataText(const core::Payload& data, const ataLayout::WordText& field) {
   std::string text;
-  for (uint32_t word = field.offset; word < field.offset + field.length; ++word) {
+  for (uint32_t word = field.first; word < field.first + field.count; ++word) {
     text += static_cast<char>(data[2 * word + 1]);
     text += static_cast<char>(data[2 * word]);
   }
@@ -116,9 +117,9 @@ void setNvmeAttributes(core::AttributeCollection& attributes, const core::Payloa
 }
 
 void setAtaAttributes(core::AttributeCollection& attributes, const core::Payload& identifyData) {
-  if (identifyData.size() < 512) return;
-  for (const TextField& field : kAtaTexts) {
-    core::writeString(attributes, field.descriptor(), ataText(identifyData, field));
+  if (identifyData.size() < ataLayout::kSectorSize) return;
+  for (const AtaText& text : kAtaTexts) {
+    core::writeString(attributes, text.descriptor(), ataText(identifyData, text.field));
   }
   setCommon(attributes, false, false);
 }

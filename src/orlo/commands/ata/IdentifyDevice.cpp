@@ -1,9 +1,11 @@
 #include "orlo/commands/ata/IdentifyDevice.h"
 
+#include "orlo/commands/ata/Layout.h"
+
 namespace orlo::commands::ata {
 
 IdentifyDevice::IdentifyDevice() : PIOReadCommand("IdentifyDevice") {
-  currentTaskFile.command = 0xEC;
+  currentTaskFile.command = layout::kIdentifyDevice;
   currentTaskFile.sectorCount = 1;
   transferBlocks = 1;
 }

@@ -1,9 +1,11 @@
 #include "orlo/commands/ata/ReadDMA.h"
 
+#include "orlo/commands/ata/Layout.h"
+
 namespace orlo::commands::ata {
 
 ReadDMA::ReadDMA() : DMAReadCommand("ReadDMA") {
-  currentTaskFile.command = 0xC8;
+  currentTaskFile.command = layout::kReadDma;
   currentTaskFile.sectorCount = 1;
   currentTaskFile.lbaLow = 0;
   currentTaskFile.lbaMid = 0;

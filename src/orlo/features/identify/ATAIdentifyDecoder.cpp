@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "orlo/commands/ata/Layout.h"
 #include "orlo/core/Strings.h"
 #include "orlo/features/identify/ATAIdentifyTable.h"
 
@@ -15,7 +16,7 @@ using orlo::core::Payload;
 using orlo::core::xml::XmlObject;
 namespace strings = orlo::core::strings;
 
-constexpr uint32_t kIdentifyDataSize = 512;
+constexpr uint32_t kIdentifyDataSize = commands::ata::layout::kSectorSize;
 
 uint16_t wordAt(const Payload& payload, unsigned index) {
   const uint8_t* bytes = payload.data() + 2 * index;
