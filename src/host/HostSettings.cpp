@@ -1,5 +1,6 @@
 #include "host/HostSettings.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,11 +37,19 @@ std::string cannotAppend(const std::string& path, int error) {
 
 // The logger drops what it cannot write without a word, so a path it could not append to
 // is refused here, before anything runs: a directory, a file in a missing folder, one
-// that may not be written. Nothing is created, so that a refused line leaves no trace.
+// that may not be written, a FIFO that no program reads (opening it would wait for one;
+// a pipe with a reader, as /dev/stderr often is, takes the log). Nothing is created, so
+// that a refused line leaves no trace.
 std::optional<std::string> checkLogFile(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) == 0) {
     if (S_ISDIR(status.st_mode)) return cannotAppend(path, EISDIR);
+    if (S_ISFIFO(status.st_mode)) {
+      const int pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+      if (pipe < 0 && errno == ENXIO) return "Cannot append to " + path + ": no program reads it.";
+      if (pipe < 0) return cannotAppend(path, errno);
+      close(pipe);
+    }
     if (access(path.c_str(), W_OK) != 0) return cannotAppend(path, errno);
     return std::nullopt;
   }

@@ -156,6 +156,7 @@ TEST_F(InstalledOrlo, UnusableFlagsHelpAndOutputAreReportedInOneLine) {
   writeFile(scratch / "vendors", std::string(64 * 1024, '#') + "\n1e5a\n");
   writeFile(scratch / "comments", "# the maker's vendors, none yet\n");
   const std::string toFullDisk = "sh -c '\"$@\" >/dev/full' sh";
+  ASSERT_EQ(mkfifo((scratch / "unread").c_str(), 0600), 0);
   const struct {
     Words words;
     int exitCode;
@@ -170,6 +171,7 @@ TEST_F(InstalledOrlo, UnusableFlagsHelpAndOutputAreReportedInOneLine) {
       {{"help", "-maker-vendors", ",,,"}, 2, "names no PCI vendor ID"},
       {{"help", "-log-file", scratch.path()}, 2, "Is a directory"},
       {{"help", "-log-file", scratch / "missing/orlo.log"}, 2, "No such file or directory"},
+      {{"help", "-log-file", scratch / "unread"}, 2, "no program reads it"},
       {{"help", "bogus"}, 2, "'bogus'"},
       {{"help", "update", "Name=Drives"}, 2, "'update' and 'Name=Drives'"},
       {{"help"}, 1, "No space left on device", toFullDisk},
