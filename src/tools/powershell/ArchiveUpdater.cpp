@@ -1,5 +1,7 @@
 #include "ArchiveUpdater.h"
 
+#include <memory>
+
 #include "DosTime.h"
 #include "EntryName.h"
 #include "Messages.h"
@@ -36,16 +38,46 @@ ArchiveUpdater::ArchiveUpdater(const ArchiveTarget& target, const CompressArchiv
 
 ArchiveUpdater::~ArchiveUpdater() {
   if (archive_ != nullptr) zip_discard(archive_);
+  for (zip_source_t* source : sources_) {
+    if (source != nullptr) zip_source_free(source);
+  }
 }
 
 Error ArchiveUpdater::write(const std::vector<PlannedEntry>& entries) {
+  // The new files' sources come first, so that their deflating runs while libzip
+  // reads and checks the old archive.
+  if (Error error = prepareSources(entries)) return error;
   if (Error error = open()) return error;
   if (Error error = indexExistingEntries()) return error;
-  for (const PlannedEntry& entry : entries) {
-    if (Error error = add(entry)) return error;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    zip_source_t* data = sources_[i];
+    sources_[i] = nullptr;  // libzip's from here on, or freed by add
+    if (Error error = add(entries[i], data)) return error;
   }
   if (zip_close(archive_) != 0) return notWritten();
   archive_ = nullptr;
+  return std::nullopt;
+}
+
+Error ArchiveUpdater::prepareSources(const std::vector<PlannedEntry>& entries) {
+  const CompressionRow& compression = compressionFor(request_.level);
+  sources_.assign(entries.size(), nullptr);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (entries[i].isFolder()) continue;
+    zip_error_t error;
+    zip_error_init(&error);
+    const std::filesystem::path& file = entries[i].source;
+    sources_[i] = compression.method == ZIP_CM_DEFLATE
+                      ? ParallelDeflateSource::create(file, static_cast<int>(compression.zlibLevel),
+                                                      workers_, progress_, &error)
+                      : zip_source_file_create(file.c_str(), 0, -1, &error);
+    Error result;
+    if (sources_[i] == nullptr) {
+      result = messages::archiveNotWritten(target_.shownName, zip_error_strerror(&error));
+    }
+    zip_error_fini(&error);
+    if (result) return result;
+  }
   return std::nullopt;
 }
 
@@ -81,7 +113,9 @@ Error ArchiveUpdater::indexExistingEntries() {
   return std::nullopt;
 }
 
-Error ArchiveUpdater::add(const PlannedEntry& entry) {
+Error ArchiveUpdater::add(const PlannedEntry& entry, zip_source_t* data) {
+  // libzip owns the data once the entry is added; until then a failure frees it.
+  std::unique_ptr<zip_source_t, void (*)(zip_source_t*)> owned(data, zip_source_free);
   // Every old entry with this name in any case goes; new entries that differ
   // from each other in case are all kept.
   const auto replaced = byName_.find(foldCase(entry.name));
@@ -101,13 +135,8 @@ Error ArchiveUpdater::add(const PlannedEntry& entry) {
   if (entry.isFolder()) {
     index = zip_dir_add(archive_, entry.name.c_str(), ZIP_FL_ENC_UTF_8);
   } else {
-    zip_source_t* data = compression.method == ZIP_CM_DEFLATE
-                             ? ParallelDeflateSource::create(
-                                   archive_, entry.source, static_cast<int>(compression.zlibLevel),
-                                   workers_, progress_)
-                             : zip_source_file(archive_, entry.source.c_str(), 0, -1);
-    if (data != nullptr) index = zip_file_add(archive_, entry.name.c_str(), data, ZIP_FL_ENC_UTF_8);
-    if (data != nullptr && index < 0) zip_source_free(data);
+    index = zip_file_add(archive_, entry.name.c_str(), owned.get(), ZIP_FL_ENC_UTF_8);
+    if (index >= 0) owned.release();
   }
   if (index < 0) return notWritten();
   progress_.expect(static_cast<zip_int64_t>(entry.size));

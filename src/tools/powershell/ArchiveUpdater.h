@@ -33,9 +33,10 @@ class ArchiveUpdater {
   Error write(const std::vector<PlannedEntry>& entries);
 
  private:
+  Error prepareSources(const std::vector<PlannedEntry>& entries);
   Error open();
   Error indexExistingEntries();
-  Error add(const PlannedEntry& entry);
+  Error add(const PlannedEntry& entry, zip_source_t* data);
   Error notWritten();
 
   const ArchiveTarget& target_;
@@ -43,6 +44,8 @@ class ArchiveUpdater {
   ProgressLine& progress_;
   DurableArchiveFile file_;
   DeflateWorkers workers_;
+  // The new files' data by entry, until libzip takes it; null for a folder.
+  std::vector<zip_source_t*> sources_;
   zip_t* archive_ = nullptr;
   // Entry indices by name without regard to case.
   std::map<std::u32string, std::vector<zip_uint64_t>> byName_;

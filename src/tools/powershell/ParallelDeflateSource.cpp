@@ -28,25 +28,25 @@ struct ParallelDeflateSource::OpenFile {
   int descriptor;
 };
 
-zip_source_t* ParallelDeflateSource::create(zip_t* archive, const std::filesystem::path& file,
-                                            int zlibLevel, DeflateWorkers& workers,
-                                            ProgressLine& progress) {
+zip_source_t* ParallelDeflateSource::create(const std::filesystem::path& file, int zlibLevel,
+                                            DeflateWorkers& workers, ProgressLine& progress,
+                                            zip_error_t* error) {
   const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
   struct stat status {};
   if (descriptor < 0 || fstat(descriptor, &status) != 0) {
-    zip_error_set(zip_get_error(archive), ZIP_ER_OPEN, errno);
+    zip_error_set(error, ZIP_ER_OPEN, errno);
     if (descriptor >= 0) close(descriptor);
     return nullptr;
   }
   if (status.st_size == 0) {
     // Nothing to deflate: libzip stores an empty file.
     close(descriptor);
-    return zip_source_file(archive, file.c_str(), 0, -1);
+    return zip_source_file_create(file.c_str(), 0, -1, error);
   }
   auto* self = new ParallelDeflateSource(std::make_shared<const OpenFile>(descriptor),
                                          static_cast<zip_uint64_t>(status.st_size), status.st_mode,
                                          zlibLevel, workers, progress);
-  zip_source_t* source = zip_source_function(archive, &ParallelDeflateSource::dispatch, self);
+  zip_source_t* source = zip_source_function_create(&ParallelDeflateSource::dispatch, self, error);
   if (source == nullptr) {
     delete self;
     return nullptr;

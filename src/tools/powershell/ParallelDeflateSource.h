@@ -29,11 +29,12 @@ namespace orlo::tools::powershell {
 // write Zip64 fields.
 class ParallelDeflateSource {
  public:
-  // A source on the file for the archive, or nullptr with the archive's error
-  // set. zlibLevel is 1 to 9. An empty file gets libzip's own file source.
-  // The file's bytes count on `progress` as they are deflated.
-  static zip_source_t* create(zip_t* archive, const std::filesystem::path& file, int zlibLevel,
-                              DeflateWorkers& workers, ProgressLine& progress);
+  // A source on the file, or nullptr with `error` set. zlibLevel is 1 to 9. An
+  // empty file gets libzip's own file source. Deflating starts at once, before
+  // the source is added to an archive. The file's bytes count on `progress` as
+  // they are deflated.
+  static zip_source_t* create(const std::filesystem::path& file, int zlibLevel,
+                              DeflateWorkers& workers, ProgressLine& progress, zip_error_t* error);
   ~ParallelDeflateSource();
   ParallelDeflateSource(const ParallelDeflateSource&) = delete;
   ParallelDeflateSource& operator=(const ParallelDeflateSource&) = delete;
