@@ -217,15 +217,8 @@ zip_int64_t DurableArchiveFile::beginWriteCloning(zip_uint64_t length) {
 
 zip_int64_t DurableArchiveFile::createTemporary(int& descriptor) {
   temporary_ = temporary_archive::templateFor(file_);
-  // Named for removal before it exists, so that no signal can leave it behind.
-  interruption::removeOnSignal(temporary_);
-  descriptor = mkostemp(temporary_.data(), O_CLOEXEC);
-  if (descriptor < 0) {
-    const int problem = errno;
-    interruption::removeOnSignal("");
-    return fail(ZIP_ER_TMPOPEN, problem);
-  }
-  interruption::removeOnSignal(temporary_);
+  descriptor = interruption::createRemovedOnSignal(temporary_);
+  if (descriptor < 0) return fail(ZIP_ER_TMPOPEN, errno);
 
   // The new archive keeps the old one's owner, group and permissions; a first
   // archive gets those of any new file. Only root may give a file away; others

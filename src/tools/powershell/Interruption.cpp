@@ -1,10 +1,12 @@
 #include "Interruption.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <mutex>
 #include <thread>
@@ -62,6 +64,13 @@ void name(const std::string& archive) {
 void removeOnSignal(const std::string& temporary) {
   const std::lock_guard<std::mutex> lock(guard);
   watchedTemporary = temporary;
+}
+
+int createRemovedOnSignal(std::string& pattern) {
+  const std::lock_guard<std::mutex> lock(guard);
+  const int descriptor = mkostemp(pattern.data(), O_CLOEXEC);
+  if (descriptor >= 0) watchedTemporary = pattern;
+  return descriptor;
 }
 
 void commit() {

@@ -22,6 +22,10 @@ void name(const std::string& archive);
 
 // The temporary file to remove on a signal; an empty path: none.
 void removeOnSignal(const std::string& temporary);
+// Creates a file from the mkostemp `pattern`, which then holds its name, and names
+// it for removal on a signal in the same step: a signal that comes meanwhile waits,
+// and then finds the file. The descriptor, or -1 with errno set.
+int createRemovedOnSignal(std::string& pattern);
 
 // From here on the new archive is being put in place; signals are let pass.
 void commit();
