@@ -14,15 +14,6 @@ namespace orlo::devices {
 
 namespace {
 
-const char* kindOf(mode_t mode) {
-  if (S_ISDIR(mode)) return "a directory";
-  if (S_ISFIFO(mode)) return "a FIFO";
-  if (S_ISSOCK(mode)) return "a socket";
-  if (S_ISCHR(mode)) return "a character device";
-  if (S_ISBLK(mode)) return "a block device";
-  return "no regular file";
-}
-
 core::Status systemFailure(const std::filesystem::path& path, const char* what, int error) {
   core::Status failed = core::Status::openFileFailed();
   failed.setMessage("Cannot " + std::string(what) + " " + path.string() + ": " +
@@ -46,6 +37,15 @@ class Descriptor {
 };
 
 }  // namespace
+
+const char* kindOf(mode_t mode) {
+  if (S_ISDIR(mode)) return "a directory";
+  if (S_ISFIFO(mode)) return "a FIFO";
+  if (S_ISSOCK(mode)) return "a socket";
+  if (S_ISCHR(mode)) return "a character device";
+  if (S_ISBLK(mode)) return "a block device";
+  return "not a regular file";
+}
 
 core::Status notRegularFile(const std::filesystem::path& path, const std::string& kind) {
   return core::ownStatus(core::OwnCode::notRegularFile,

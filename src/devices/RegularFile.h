@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -7,6 +9,9 @@
 #include "orlo/core/Status.h"
 
 namespace orlo::devices {
+
+// What a file of `mode` is, as "a directory", "a FIFO", "a character device".
+const char* kindOf(mode_t mode);
 
 // Our code notRegularFile: `path` names a directory, FIFO, socket or device (`kind`, as
 // "a directory"), which a reader that wants a file's bytes cannot take.

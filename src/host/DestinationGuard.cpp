@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "devices/RegularFile.h"
 #include "orlo/core/Strings.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
 #include "plugins/update_ir/ZipExtension.h"
@@ -10,17 +11,9 @@ namespace orlo::host {
 
 namespace {
 
+using devices::kindOf;
 using plugin::cli::endsWithZip;
 using plugin::cli::zipExtension;
-
-const char* kindOf(mode_t mode) {
-  if (S_ISDIR(mode)) return "a directory";
-  if (S_ISFIFO(mode)) return "a FIFO";
-  if (S_ISSOCK(mode)) return "a socket";
-  if (S_ISCHR(mode)) return "a character device";
-  if (S_ISBLK(mode)) return "a block device";
-  return "not a regular file";
-}
 
 std::optional<std::string> judge(const std::string& destination) {
   const bool moved = !endsWithZip(destination);
