@@ -146,6 +146,9 @@ std::string writeManualPage(const plugin::cli::CommandSpecs& specs, const std::s
             "property, a missing required option or value, an unsafe path, a bad flag of "
             "orlo's, a help request that picks no command.");
   writeItem(out, "3", "A plug-in could not be loaded, or an exception left a plug-in.");
+  writeItem(out, "4",
+            "The command ran, and the drive reports a failure or a critical warning of its "
+            "own (orlo health).");
   out << ".SH FILES\n"
       << roffText(prefix +
                   " is the folder above the one that holds the orlo program: /usr for "
