@@ -27,4 +27,9 @@ Status bufferShorterThanTransfer() {
                    "The data buffer is shorter than the command's transfer.");
 }
 
+Status fileNotWritten(const std::string& path, const std::string& step, const std::string& reason) {
+  return ownStatus(OwnCode::fileNotWritten,
+                   "Cannot write " + path + ": could not " + step + " (" + reason + ").");
+}
+
 }  // namespace orlo::core

@@ -24,6 +24,7 @@ enum class OwnCode : int32_t {
   notVendorId = 8,
   noVendorListed = 9,
   bufferShorterThanTransfer = 10,
+  fileNotWritten = 13,
 };
 
 // A status of ours: the maker of each failure gives its code and message.
@@ -45,5 +46,9 @@ Status noIdentifyDecoder(uint32_t cns);
 
 // Code 10: a command's data buffer holds fewer bytes than the command transfers.
 Status bufferShorterThanTransfer();
+
+// Code 13: a file could not be put in place; `step` says what failed ("flush the
+// temporary file") and `reason` why, as the system gave it.
+Status fileNotWritten(const std::string& path, const std::string& step, const std::string& reason);
 
 }  // namespace orlo::core
