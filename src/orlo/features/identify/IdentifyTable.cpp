@@ -29,7 +29,13 @@ std::string formatted(const Row& row, const Source& source, const Bytes& bytes) 
     case Form::kEmpty:
       return "";
     case Form::kDecimal:
-      return valueForms::decimal(numberOf(row, source, bytes));
+      return valueForms::decimal(numberOf(row, source, bytes)) + row.form.unit;
+    case Form::kDecimal128:
+      return valueForms::decimal128(source.payload, offset) + row.form.unit;
+    case Form::kKelvin:
+      return valueForms::kelvin(numberOf(row, source, bytes));
+    case Form::kDataUnits:
+      return valueForms::dataUnits(source.payload, offset);
     case Form::kHex:
       return valueForms::hex(numberOf(row, source, bytes), row.form.digits);
     case Form::kBareHex:
@@ -90,6 +96,19 @@ void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sect
 
 void addProperties(core::xml::XmlObject& parent, Table rows, const Source& source) {
   addAdmitted(parent, rows, source, Gate{}, Bytes{0, 0}, true);
+}
+
+uint64_t numberOf(const Row& row, const Source& source) {
+  return numberOf(row, source, row.bytes);
+}
+
+uint64_t numberOf(const Row& member, const Row& group, const Source& source) {
+  return numberOf(member, source.at(group.bytes.offset),
+                  bytesOf(member, Bytes{0, group.bytes.length}));
+}
+
+std::string valueOf(const Row& row, const Source& source) {
+  return valueOf(row, source, row.bytes);
 }
 
 void nameRoot(core::xml::XmlObject& root, const std::string& name) {

@@ -53,16 +53,20 @@ struct Form {
   enum Kind : uint8_t {
     kEmpty,
     kDecimal,
-    kHex,      // "0x", at least `digits` digits
-    kBareHex,  // no prefix, at least `digits` digits
-    kLongHex,  // two digits a byte, in stored order or `reversed`; long zero runs read "0x0"
-    kHex128,   // "0x", the high then the low 64 bits, 16 digits each
-    kText,     // the bytes as cleaned text, or `blank` when nothing is left
+    kHex,         // "0x", at least `digits` digits
+    kBareHex,     // no prefix, at least `digits` digits
+    kLongHex,     // two digits a byte, in stored order or `reversed`; long zero runs read "0x0"
+    kHex128,      // "0x", the high then the low 64 bits, 16 digits each
+    kText,        // the bytes as cleaned text, or `blank` when nothing is left
+    kDecimal128,  // the 16 bytes as one exact unsigned decimal number
+    kKelvin,      // kelvins, and the same in degrees Celsius
+    kDataUnits,   // a 128-bit count of units of 1000 blocks of 512 bytes, and the bytes
   };
   Kind kind;
   uint8_t digits;
   bool reversed;
   const char* blank = "";
+  const char* unit = "";  // follows a decimal number: " hours", "%"
 };
 constexpr Form empty{Form::kEmpty, 0, false};
 constexpr Form decimal{Form::kDecimal, 0, false};
@@ -79,6 +83,15 @@ constexpr Form text{Form::kText, 0, false};
 constexpr Form textOr(const char* blank) {
   return Form{Form::kText, 0, false, blank};
 }
+constexpr Form decimalIn(const char* unit) {
+  return Form{Form::kDecimal, 0, false, "", unit};
+}
+constexpr Form decimal128{Form::kDecimal128, 0, false};
+constexpr Form decimal128In(const char* unit) {
+  return Form{Form::kDecimal128, 0, false, "", unit};
+}
+constexpr Form kelvin{Form::kKelvin, 0, false};
+constexpr Form dataUnits{Form::kDataUnits, 0, false};
 
 // Words that name the values of a field: indexed by the value, with `otherwise` for the
 // values past the list. They follow the formatted value, or stand in its place.
@@ -160,6 +173,74 @@ constexpr Row group(const char* name, const char* description, Bytes bytes, Form
                     Table members) {
   return Row{name, description, bytes, kWholeValue, form, {}, members, nullptr};
 }
+// Where a label says a field lies: "Byte 03" and "Bytes 02:01" (high first) name bytes,
+// "Bit 5" and "Bits 6:4" bits of the enclosing group's bytes. Read while compiling; a label
+// of another shape does not compile.
+namespace label {
+constexpr uint32_t numberAt(const char* text, std::size_t& at) {
+  if (text[at] < '0' || text[at] > '9') throw "a label's number is missing";
+  uint32_t number = 0;
+  for (; text[at] >= '0' && text[at] <= '9'; ++at) number = number * 10 + (text[at] - '0');
+  return number;
+}
+constexpr bool startsWith(const char* text, const char* prefix) {
+  for (std::size_t at = 0; prefix[at] != '\0'; ++at) {
+    if (text[at] != prefix[at]) return false;
+  }
+  return true;
+}
+// The two numbers of the label, the first twice for a single one.
+struct Span {
+  uint32_t high;
+  uint32_t low;
+};
+constexpr Span spanOf(const char* text) {
+  std::size_t at = 0;
+  while (text[at] != ' ') {
+    if (text[at] == '\0') throw "a label's word is followed by a blank";
+    ++at;
+  }
+  ++at;
+  const uint32_t high = numberAt(text, at);
+  if (text[at] == '\0') return Span{high, high};
+  if (text[at] != ':') throw "a label's numbers are parted by a colon";
+  ++at;
+  const uint32_t low = numberAt(text, at);
+  if (text[at] != '\0' || low > high) throw "a label ends with its lower number";
+  return Span{high, low};
+}
+constexpr Bytes bytesOf(const char* text) {
+  if (!startsWith(text, "Byte")) return Bytes{0, 0};
+  const Span span = spanOf(text);
+  return range(span.high, span.low);
+}
+constexpr Bits bitsOf(const char* text) {
+  if (!startsWith(text, "Bit")) return kWholeValue;
+  const Span span = spanOf(text);
+  return bits(static_cast<uint8_t>(span.high), static_cast<uint8_t>(span.low));
+}
+}  // namespace label
+
+// A field or group that lies where its label says.
+constexpr Row field(const char* name, const char* description, Form form) {
+  return Row{name, description, label::bytesOf(name), label::bitsOf(name), form, {}, {}, nullptr};
+}
+constexpr Row group(const char* name, const char* description, Form form, Table members) {
+  return Row{name, description, label::bytesOf(name), kWholeValue, form, {}, members, nullptr};
+}
+
+// Whether the byte rows of `rows`, in their order, follow one another without a gap or an
+// overlap from byte 0 to byte `size` - 1.
+template <std::size_t N>
+constexpr bool tiles(const Row (&rows)[N], uint32_t size) {
+  uint32_t next = 0;
+  for (const Row& row : rows) {
+    if (row.bytes.offset != next) return false;
+    next += row.bytes.length;
+  }
+  return next == size;
+}
+
 constexpr Row reserved(const char* name) {
   return Row{name, "Reserved", Bytes{0, 0}, kWholeValue, empty, {}, {}, nullptr};
 }
@@ -188,6 +269,12 @@ void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sect
 
 // Appends the admitted rows of `rows` to `parent` as properties.
 void addProperties(core::xml::XmlObject& parent, Table rows, const Source& source);
+
+// What a plain field row reads, as a number (its bits, at most 64) and as shown; a member
+// row of `group` reads within the group's bytes.
+uint64_t numberOf(const Row& row, const Source& source);
+uint64_t numberOf(const Row& member, const Row& group, const Source& source);
+std::string valueOf(const Row& row, const Source& source);
 
 // Sets the attribute `name` of a root, and copies it to `key`.
 void nameRoot(core::xml::XmlObject& root, const std::string& name);

@@ -1,6 +1,7 @@
 #include "orlo/features/identify/IdentifyValueForms.h"
 
 #include <algorithm>
+#include <boost/multiprecision/cpp_int.hpp>
 
 #include "orlo/core/Strings.h"
 
@@ -16,6 +17,17 @@ uint32_t bytesInside(const core::Payload& payload, uint32_t offset, uint32_t len
   }
   return static_cast<uint32_t>(std::min<uint64_t>(length, size - offset));
 }
+
+using boost::multiprecision::uint256_t;
+
+// The 16 bytes at `offset`; wider than needed, so that a product of it stays exact.
+uint256_t number128(const core::Payload& payload, uint32_t offset) {
+  return uint256_t(littleEndian(payload, offset + 8, 8)) << 64 | littleEndian(payload, offset, 8);
+}
+
+// A drive counts data units of 1000 blocks of 512 bytes.
+constexpr unsigned kBytesPerDataUnit = 1000 * 512;
+constexpr int64_t kZeroCelsiusInKelvins = 273;
 
 }  // namespace
 
@@ -66,6 +78,24 @@ std::string longHex(const core::Payload& payload, uint32_t offset, uint32_t leng
 std::string hex128(const core::Payload& payload, uint32_t offset) {
   return "0x" + bareHex(littleEndian(payload, offset + 8, 8), 16) +
          bareHex(littleEndian(payload, offset, 8), 16);
+}
+
+std::string decimal128(const core::Payload& payload, uint32_t offset) {
+  return number128(payload, offset).str();
+}
+
+int64_t celsius(uint64_t kelvins) {
+  return static_cast<int64_t>(kelvins) - kZeroCelsiusInKelvins;
+}
+
+std::string kelvin(uint64_t kelvins) {
+  if (kelvins == 0) return "Not reported";
+  return decimal(kelvins) + " K (" + std::to_string(celsius(kelvins)) + " °C)";
+}
+
+std::string dataUnits(const core::Payload& payload, uint32_t offset) {
+  const uint256_t units = number128(payload, offset);
+  return units.str() + " (" + (units * kBytesPerDataUnit).str() + " bytes)";
 }
 
 std::string text(const core::Payload& payload, uint32_t offset, uint32_t length) {

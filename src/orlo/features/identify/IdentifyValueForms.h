@@ -35,6 +35,20 @@ std::string longHex(const core::Payload& payload, uint32_t offset, uint32_t leng
 // each as 16 digits.
 std::string hex128(const core::Payload& payload, uint32_t offset);
 
+// The 16 bytes at `offset` as one unsigned number, in exact decimal.
+std::string decimal128(const core::Payload& payload, uint32_t offset);
+
+// Whole degrees Celsius of a temperature in kelvins.
+int64_t celsius(uint64_t kelvins);
+
+// A temperature given in kelvins, followed by it in whole degrees Celsius: "310 K (37 °C)".
+// 0, which a drive gives for a sensor it does not have, reads "Not reported".
+std::string kelvin(uint64_t kelvins);
+
+// The 128-bit count at `offset` of data units, each 1000 blocks of 512 bytes, followed by
+// the bytes they make, exactly: "3 (1536000 bytes)".
+std::string dataUnits(const core::Payload& payload, uint32_t offset);
+
 // The `length` bytes at `offset` taken as text and cleaned by `sanitize`.
 std::string text(const core::Payload& payload, uint32_t offset, uint32_t length);
 
