@@ -50,6 +50,7 @@ constexpr NvmeFlag kNvmeFlags[] = {
     {properties::uuidSupported, layout::kUuidListSupported},
     {properties::namespaceManagementSupported, layout::kNamespaceManagementSupported},
     {properties::supportCommandEffectsLogEnhancements, layout::kCommandEffectsLogEnhanced},
+    {properties::smartPerNamespace, layout::kSmartPerNamespace},
 };
 constexpr VersionGate kVersionGates[] = {
     {properties::nvme1Point1OrGreater, 0x00010100}, {properties::nvme1Point2OrGreater, 0x00010200},
@@ -105,6 +106,9 @@ void setNvmeAttributes(core::AttributeCollection& attributes, const core::Payloa
     const uint32_t value = readLittleEndian(controllerData, flag.field.bytes);
     core::writeUInt8(attributes, flag.descriptor(), (value >> flag.field.bit) & 1);
   }
+  core::writeUInt8(
+      attributes, properties::errorLogPageEntries(),
+      static_cast<uint8_t>(readLittleEndian(controllerData, layout::kErrorLogPageEntries)));
   const uint32_t version = readLittleEndian(controllerData, layout::kVersion) & 0xFFFFFF00;
   for (const VersionGate& gate : kVersionGates) {
     core::writeUInt8(attributes, gate.descriptor(), version >= gate.version);

@@ -8,6 +8,7 @@ using namespace attributeType;
 
 // clang-format off
 Attribute csmi() { return Attribute("CSMI", "CSMI", boolean()); }
+Attribute errorLogPageEntries() { return Attribute("ErrorLogPageEntries", "Error Log Page Entries (0's based)", uint8()); }
 Attribute firmware() { return Attribute("Firmware", "Firmware", string()); }
 Attribute isCommandPathNVMeMSFT() { return Attribute("IsCommandPathNVMeMSFT", "Is Command Path NVMe MSFT", boolean()); }
 Attribute modelNumber() { return Attribute("ModelNumber", "Model Number", string()); }
@@ -22,6 +23,7 @@ Attribute ocpSupported() { return Attribute("OCPSupported", "OCP Supported", boo
 Attribute oem() { return Attribute("OEM", "OEM", string()); }
 Attribute product() { return Attribute("Product", "Product", string()); }
 Attribute serialNumber() { return Attribute("SerialNumber", "Serial Number", string()); }
+Attribute smartPerNamespace() { return Attribute("SmartPerNamespace", "SMART / Health Information per Namespace", boolean()); }
 Attribute veldra() { return Attribute("Veldra", "Veldra", boolean()); }
 Attribute veldraNVMe() { return Attribute("VeldraNVMe", "Veldra NVMe", boolean()); }
 Attribute supportCommandEffectsLogEnhancements() { return Attribute("SupportCommandEffectsLogEnhancements", "Support Command Effects Log Enhancements", boolean()); }

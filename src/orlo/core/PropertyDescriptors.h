@@ -9,6 +9,7 @@ namespace orlo::core::properties {
 
 // Device and capability properties.
 Attribute csmi();
+Attribute errorLogPageEntries();
 Attribute firmware();
 Attribute isCommandPathNVMeMSFT();
 Attribute modelNumber();
@@ -23,6 +24,7 @@ Attribute ocpSupported();
 Attribute oem();
 Attribute product();
 Attribute serialNumber();
+Attribute smartPerNamespace();
 Attribute veldra();
 Attribute veldraNVMe();
 Attribute supportCommandEffectsLogEnhancements();

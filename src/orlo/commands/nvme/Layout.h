@@ -83,15 +83,28 @@ inline constexpr uint8_t kPerNamespaceCns[] = {0x00, 0x02, 0x03, 0x05, 0x06, 0x0
                                                0x10, 0x11, 0x12, 0x1A, 0x1B, 0x1F};
 
 // The log pages orlo reads, and whether a drive is asked for one with the
-// UUID index of the maker's GUID.
+// UUID index of the maker's GUID. A page of entries gives the size of one; the
+// drive keeps as many as Identify Controller's ELPE says (0's based).
 struct LogPage {
   uint8_t id;
   uint32_t size;
   bool makersUuid;
+  bool entriesFromElpe = false;
 };
+inline constexpr LogPage kErrorInformationLog{0x01, 64, false, true};
+inline constexpr LogPage kSmartHealthLog{0x02, 512, false};
+inline constexpr LogPage kFirmwareSlotLog{0x03, 512, false};
 inline constexpr LogPage kCommandsEffectsLog{0x05, 4096, false};
+inline constexpr LogPage kDeviceSelfTestLog{0x06, 564, false};
 inline constexpr LogPage kMarketingDescriptionLog{0xDD, 512, true};
-inline constexpr LogPage kReadLogPages[] = {kCommandsEffectsLog, kMarketingDescriptionLog};
+inline constexpr LogPage kReadLogPages[] = {kErrorInformationLog, kSmartHealthLog,
+                                            kFirmwareSlotLog,     kCommandsEffectsLog,
+                                            kDeviceSelfTestLog,   kMarketingDescriptionLog};
+
+// The bytes a drive sends of `page` when its ELPE reads `elpe`.
+constexpr uint32_t logPageSize(const LogPage& page, uint8_t elpe) {
+  return page.entriesFromElpe ? page.size * (elpe + 1u) : page.size;
+}
 
 // A run of bytes of a structure; for a flag, the bit of the little-endian value
 // that holds it.
@@ -113,7 +126,9 @@ inline constexpr ByteField kFirmwareRevision{64, 8};                    // FR
 inline constexpr ByteField kVersion{80, 4};                             // VER
 inline constexpr FlagField kUuidListSupported{{96, 4}, 9};              // CTRATT
 inline constexpr FlagField kNamespaceManagementSupported{{256, 2}, 3};  // OACS
+inline constexpr FlagField kSmartPerNamespace{{261, 1}, 0};             // LPA
 inline constexpr FlagField kCommandEffectsLogEnhanced{{261, 1}, 5};     // LPA
+inline constexpr ByteField kErrorLogPageEntries{262, 1};                // ELPE, 0's based
 
 // UUID list (CNS 17h): entries of 32 bytes after a 32-byte header, each with
 // its UUID in the upper half; a zero UUID ends the list.
@@ -130,6 +145,8 @@ static_assert(kModelNumber.offset + kModelNumber.length == kFirmwareRevision.off
 static_assert(kNamespaceManagementSupported.bytes.offset +
                   kNamespaceManagementSupported.bytes.length <=
               kIdentifySize);
-static_assert(kCommandsEffectsLog.size % 4 == 0 && kMarketingDescriptionLog.size % 4 == 0);
+static_assert(kErrorInformationLog.size % 4 == 0 && kSmartHealthLog.size % 4 == 0 &&
+              kFirmwareSlotLog.size % 4 == 0 && kCommandsEffectsLog.size % 4 == 0 &&
+              kDeviceSelfTestLog.size % 4 == 0 && kMarketingDescriptionLog.size % 4 == 0);
 
 }  // namespace orlo::commands::nvme::layout
