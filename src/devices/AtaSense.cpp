@@ -1,6 +1,6 @@
 #include "devices/AtaSense.h"
 
-#include "devices/AtaProtocolResult.h"
+#include "orlo/commands/ata/Completion.h"
 #include "orlo/core/Strings.h"
 
 namespace orlo::devices {
@@ -75,7 +75,7 @@ AtaOutcome ataOutcome(const SgIoCompletion& completion) {
   AtaOutcome outcome;
   const auto registers = ataRegistersFromSense(completion.sense, completion.senseLength);
   if (registers) {
-    AtaProtocolResult result(*registers);
+    commands::ata::Completion result(*registers);
     outcome.status = result.status();
     outcome.protocolResult = result.clone();
     return outcome;

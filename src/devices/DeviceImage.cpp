@@ -7,7 +7,7 @@
 #include <system_error>
 #include <utility>
 
-#include "devices/AtaProtocolResult.h"
+#include "orlo/commands/ata/Completion.h"
 #include "devices/NvmeProtocolResult.h"
 #include "devices/RegularFile.h"
 #include "orlo/core/OwnStatuses.h"
@@ -208,7 +208,7 @@ core::Status DeviceImage::readRefusal(const std::string& name,
     commands::ata::TaskFile registers;
     registers.command = static_cast<uint8_t>(ata[0]);
     registers.feature = static_cast<uint8_t>(ata[1]);
-    result = std::make_unique<AtaProtocolResult>(registers);
+    result = std::make_unique<commands::ata::Completion>(registers);
   } else {
     return badRefusal(path,
                       "expected NvmeStatus and NvmeResult, or AtaStatus and AtaError, "
@@ -228,7 +228,7 @@ core::Status DeviceImage::writeRefusal(const std::string& name,
   std::string text;
   if (const auto* nvme = dynamic_cast<const NvmeProtocolResult*>(&result)) {
     text = refusalText(kNvmeRefusal, {nvme->statusField, nvme->completionDword0});
-  } else if (const auto* ata = dynamic_cast<const AtaProtocolResult*>(&result)) {
+  } else if (const auto* ata = dynamic_cast<const commands::ata::Completion*>(&result)) {
     text = refusalText(kAtaRefusal, {ata->registers.command, ata->registers.feature});
   } else {
     return core::Status::success();

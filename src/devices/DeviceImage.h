@@ -17,7 +17,10 @@ namespace orlo::devices {
 //                   lines of device attributes (names as the property descriptors
 //                   spell them); blank lines and lines starting with "#" are skipped
 //   *.bin           the drive's reply to one command each, named by replyName; a
-//                   regular file each
+//                   regular file each. The reply of an ATA command without data
+//                   is the eight registers that it returned, in task file order
+//                   (Error, Count, LBA Low, LBA Mid, LBA High, Device, Status, a
+//                   zero byte); an empty file keeps none
 //   *.status        how the drive refused a command instead: the reply's name
 //                   ending in .status, "Name=0xHEX" lines (blank lines and "#"
 //                   comments skipped) with the completion it gave. NVMe:

@@ -4,12 +4,12 @@
 #include <cstring>
 
 #include "devices/AtaPassThrough.h"
-#include "devices/AtaProtocolResult.h"
 #include "devices/DriveAttributes.h"
 #include "devices/NvmeProtocolResult.h"
 #include "devices/ReplyName.h"
 #include "devices/SendRecord.h"
 #include "orlo/commands/ata/Command.h"
+#include "orlo/commands/ata/Completion.h"
 #include "orlo/commands/nvme/Command.h"
 
 namespace orlo::devices {
@@ -25,7 +25,7 @@ std::unique_ptr<core::ProtocolResult> refusal(const core::Command& command) {
     commands::ata::TaskFile registers;
     registers.feature = kAtaErrorAborted;
     registers.command = kAtaStatusError;
-    return std::make_unique<AtaProtocolResult>(registers);
+    return std::make_unique<commands::ata::Completion>(registers);
   }
   return std::make_unique<NvmeProtocolResult>(kInvalidFieldInCommand, 0);
 }
@@ -39,6 +39,20 @@ uint32_t readLength(const core::Command& command) {
     return ata->dataIn ? ataTransferLength(*ata) : 0;
   }
   return 0;
+}
+
+// The registers kept as the reply of an ATA command without data: the returned task
+// file's eight bytes. None for an NVMe command, an ATA command that reads, or a reply
+// kept without them.
+std::unique_ptr<core::ProtocolResult> returnedRegisters(const core::Command& command,
+                                                        const std::string& reply) {
+  const auto* ata = dynamic_cast<const commands::ata::Command*>(&command);
+  commands::ata::TaskFile registers;
+  if (ata == nullptr || ata->dataIn || ata->dataOut || reply.size() < sizeof registers) {
+    return nullptr;
+  }
+  std::memcpy(&registers, reply.data(), sizeof registers);
+  return std::make_unique<commands::ata::Completion>(registers);
 }
 
 }  // namespace
@@ -75,6 +89,8 @@ core::CommandRecord ReplayDevice::send(core::Command& command, const core::Paylo
              !core::succeeded(read)) {
     record.status = read;
   } else if (found) {
+    record.protocolResult = returnedRegisters(command, reply);
+    if (record.protocolResult) record.protocolResult->fillStatus(record.status);
     const uint32_t length = readLength(command);
     if (length > 0) {
       record.outputPayload = core::Payload(length);

@@ -41,14 +41,27 @@ std::string nvmeName(const commands::nvme::Command& command) {
 
 std::string ataName(const commands::ata::Command& command) {
   const commands::ata::TaskFile& registers = command.currentTaskFile;
-  const unsigned long lba = (static_cast<unsigned long>(registers.device & 0x0F) << 24) |
-                            (static_cast<unsigned long>(registers.lbaHigh) << 16) |
-                            (static_cast<unsigned long>(registers.lbaMid) << 8) | registers.lbaLow;
+  const commands::ata::TaskFile& previous = command.previousTaskFile;
+  unsigned long long lba = (static_cast<unsigned long long>(registers.lbaHigh) << 16) |
+                           (static_cast<unsigned long long>(registers.lbaMid) << 8) |
+                           registers.lbaLow;
+  unsigned count = registers.sectorCount;
+  if (command.extended) {
+    lba |= (static_cast<unsigned long long>(previous.lbaHigh) << 40) |
+           (static_cast<unsigned long long>(previous.lbaMid) << 32) |
+           (static_cast<unsigned long long>(previous.lbaLow) << 24);
+    count |= static_cast<unsigned>(previous.sectorCount) << 8;
+  } else {
+    lba |= static_cast<unsigned long long>(registers.device & 0x0F) << 24;
+  }
   char name[64];
-  std::snprintf(name, sizeof name, "ata-cmd%02x-lba%lu-count%u.bin",
-                static_cast<unsigned>(registers.command), lba,
-                static_cast<unsigned>(registers.sectorCount));
-  return name;
+  const int length = std::snprintf(name, sizeof name, "ata-cmd%02x-lba%llu-count%u",
+                                   static_cast<unsigned>(registers.command), lba, count);
+  if (registers.feature != 0) {
+    std::snprintf(name + length, sizeof name - length, "-feat%02x",
+                  static_cast<unsigned>(registers.feature));
+  }
+  return std::string(name) + ".bin";
 }
 
 }  // namespace

@@ -9,8 +9,11 @@
 #include "devices/NvmePassThrough.h"
 #include "devices/NvmeStatusText.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
+#include "orlo/commands/ata/Completion.h"
 #include "orlo/commands/ata/IdentifyDevice.h"
 #include "orlo/commands/ata/ReadDMA.h"
+#include "orlo/commands/ata/ReadLogExt.h"
+#include "orlo/commands/ata/Smart.h"
 #include "orlo/commands/nvme/GetLogPage.h"
 
 namespace {
@@ -52,6 +55,8 @@ TEST(AtaPassThrough, ProtocolDirectionAndRegistersFollowTheCommand) {
   orlo::commands::ata::IdentifyDevice identify;
   orlo::commands::ata::ReadDMA readDma;
   orlo::commands::ata::CheckPowerMode checkPowerMode;
+  orlo::commands::ata::SmartReturnStatus smartStatus;
+  orlo::commands::ata::ReadLogExt readLog(0x04, 0x0102, 0x0203);
   struct Case {
     const orlo::commands::ata::Command& command;
     uint8_t byte1;
@@ -62,6 +67,7 @@ TEST(AtaPassThrough, ProtocolDirectionAndRegistersFollowTheCommand) {
       {identify, 4 << 1, 0x0E, 512},      // PIO data-in, from the device, in sector counts
       {readDma, 6 << 1, 0x0E, 512},       // DMA
       {checkPowerMode, 3 << 1, 0x20, 0},  // non-data, registers back
+      {smartStatus, 3 << 1, 0x20, 0},    {readLog, 4 << 1 | 1, 0x0E, 0x0203 * 512},  // 48-bit
   };
   for (const Case& c : cases) {
     const std::array<uint8_t, 16> cdb = orlo::devices::ataPassThrough16(c.command);
@@ -73,6 +79,15 @@ TEST(AtaPassThrough, ProtocolDirectionAndRegistersFollowTheCommand) {
     EXPECT_EQ(cdb[14], c.command.currentTaskFile.command);
     EXPECT_EQ(orlo::devices::ataTransferLength(c.command), c.length);
   }
+
+  // SMART: subcommand in Features, signature in LBA Mid and High. READ LOG EXT: the
+  // high bytes of count and page in the previous registers.
+  const auto smart = orlo::devices::ataPassThrough16(smartStatus);
+  EXPECT_EQ((std::vector<int>{smart[4], smart[10], smart[12], smart[14]}),
+            (std::vector<int>{0xDA, 0x4F, 0xC2, 0xB0}));
+  const auto log = orlo::devices::ataPassThrough16(readLog);
+  EXPECT_EQ((std::vector<int>{log[5], log[6], log[8], log[9], log[10], log[14]}),
+            (std::vector<int>{0x02, 0x03, 0x04, 0x01, 0x02, 0x2F}));
 
   orlo::commands::ata::ReadDMA extended;
   extended.extended = true;
@@ -155,6 +170,19 @@ TEST(AtaSense, StatusAndErrorDecideTheOutcome) {
     }
     EXPECT_EQ(outcome.protocolResult != nullptr, c.registers) << c.message;
   }
+
+  // SMART RETURN STATUS answers in LBA Mid and High of a completion without error: the
+  // registers reach the caller with the success.
+  auto exceeded = descriptorSense(0x01, 0x00, 0x50, 0x00);
+  exceeded[8 + 9] = 0xF4;
+  exceeded[8 + 11] = 0x2C;
+  const auto outcome = orlo::devices::ataOutcome({2, 0, 8, exceeded.data(), exceeded.size()});
+  EXPECT_EQ(outcome.status, Status::success());
+  const auto* completion =
+      dynamic_cast<const orlo::commands::ata::Completion*>(outcome.protocolResult.get());
+  ASSERT_NE(completion, nullptr);
+  EXPECT_EQ(completion->registers.lbaMid, 0xF4);
+  EXPECT_EQ(completion->registers.lbaHigh, 0x2C);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
-#include "devices/AtaProtocolResult.h"
+#include "orlo/commands/ata/Completion.h"
 
 #include <string>
 
 #include "orlo/core/Strings.h"
 
-namespace orlo::devices {
+namespace orlo::commands::ata {
 
 namespace {
 
@@ -23,7 +23,7 @@ constexpr ErrorBit kErrorBits[] = {
     {0x04, "Aborted Command"},
 };
 
-std::string reason(const commands::ata::TaskFile& registers) {
+std::string reason(const TaskFile& registers) {
   std::string names;
   if (registers.command & kStatusDeviceFault) names = "Device Fault";
   for (const ErrorBit& bit : kErrorBits) {
@@ -36,18 +36,17 @@ std::string reason(const commands::ata::TaskFile& registers) {
 
 }  // namespace
 
-AtaProtocolResult::AtaProtocolResult(const commands::ata::TaskFile& registers)
-    : registers(registers) {}
+Completion::Completion(const TaskFile& registers) : registers(registers) {}
 
-std::unique_ptr<core::ProtocolResult> AtaProtocolResult::clone() const {
-  return std::make_unique<AtaProtocolResult>(*this);
+std::unique_ptr<core::ProtocolResult> Completion::clone() const {
+  return std::make_unique<Completion>(*this);
 }
 
-void AtaProtocolResult::fillStatus(core::Status& status) const {
+void Completion::fillStatus(core::Status& status) const {
   status = this->status();
 }
 
-core::Status AtaProtocolResult::status() const {
+core::Status Completion::status() const {
   if ((registers.command & (kStatusError | kStatusDeviceFault)) == 0) {
     return core::Status::success();
   }
@@ -58,4 +57,4 @@ core::Status AtaProtocolResult::status() const {
   return problem;
 }
 
-}  // namespace orlo::devices
+}  // namespace orlo::commands::ata
