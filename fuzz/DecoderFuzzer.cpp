@@ -23,8 +23,12 @@
 #include "orlo/features/identify/NVMe_PrimaryControllerCapabilities.h"
 #include "orlo/features/identify/NVMe_SecondaryControllerList.h"
 #include "orlo/features/identify/NVMe_UUIDList.h"
+#include "orlo/features/nvme_get_log/DeviceSelfTestLog.h"
+#include "orlo/features/nvme_get_log/ErrorInformationLog.h"
+#include "orlo/features/nvme_get_log/FirmwareSlotLog.h"
 #include "orlo/features/nvme_get_log/NVMeGetLogMarketingDescription.h"
 #include "orlo/features/nvme_get_log/NVMeGetLog_CommandsEffects.h"
+#include "orlo/features/nvme_get_log/SmartHealthLog.h"
 #include "support/FakeDevice.h"
 
 namespace {
@@ -71,6 +75,10 @@ const Decoder kDecoders[] = {
     {withoutAttributes<nvme::commandSetVector::toXmlObject>, 4096},
     {logPage<getLog::NVMeGetLog_CommandsEffects>, 0},
     {logPage<getLog::NVMeGetLogMarketingDescription>, 4},
+    {withoutAttributes<getLog::smartHealth::decode>, 0},
+    {withoutAttributes<getLog::errorInformation::decode>, 0},
+    {withoutAttributes<getLog::firmwareSlot::decode>, 0},
+    {withoutAttributes<getLog::deviceSelfTest::decode>, 0},
 };
 
 }  // namespace

@@ -211,7 +211,7 @@ TEST(NVMeGetLog, MarketingDescriptionFromTheFactory) {
   ASSERT_TRUE(dynamic_cast<NVMeGetLogMarketingDescription*>(log.get()));
   EXPECT_EQ(log->getLogId(), 221);
   EXPECT_EQ(core::readUInt32(log->attributes, properties::numDWORDs()), 127u);
-  EXPECT_EQ(makeLog("SmartHealthInfo", drive(), {}), nullptr);
+  EXPECT_EQ(makeLog("TemperatureStatistics", drive(), {}), nullptr);
   const std::string root =
       R"x(<Object key="Marketing Description Log" name="Marketing Description Log">)x";
   const std::string property = R"x(<Property name="Marketing String" value=")x";

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "orlo/core/Status.h"
 #include "orlo/core/xml/XmlProperty.h"
 
 namespace orlo::features::nvme_get_log {
@@ -18,6 +19,12 @@ void addNameValue(core::xml::XmlObject& parent, std::string name, std::string va
   property->attribute("name") = std::move(name);
   property->attribute("value") = std::move(value);
   parent.properties().push_back(std::move(property));
+}
+
+bool holdsLog(core::xml::XmlObject& root, const core::Payload& payload, uint32_t size) {
+  if (payload.data() != nullptr && payload.size() >= size) return true;
+  root.objects().push_back(core::Status::retrieveDataFailed().toXml());
+  return false;
 }
 
 }  // namespace orlo::features::nvme_get_log
