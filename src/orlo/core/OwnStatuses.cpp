@@ -27,6 +27,18 @@ Status bufferShorterThanTransfer() {
                    "The data buffer is shorter than the command's transfer.");
 }
 
+Status logOfOtherProtocol(const std::string& name, const std::string& protocol,
+                          const std::string& known) {
+  return ownStatus(OwnCode::logOfOtherProtocol,
+                   "The log page \"" + name + "\" is not one that an " + protocol +
+                       " drive keeps. For this drive LogName takes one of " + known +
+                       ", in any case.");
+}
+
+Status driveKeepsNoLog(const std::string& log) {
+  return ownStatus(OwnCode::driveKeepsNoLog, "The drive does not keep the " + log + ".");
+}
+
 Status fileNotWritten(const std::string& path, const std::string& step, const std::string& reason) {
   return ownStatus(OwnCode::fileNotWritten,
                    "Cannot write " + path + ": could not " + step + " (" + reason + ").");

@@ -24,6 +24,8 @@ enum class OwnCode : int32_t {
   notVendorId = 8,
   noVendorListed = 9,
   bufferShorterThanTransfer = 10,
+  logOfOtherProtocol = 11,
+  driveKeepsNoLog = 12,
   fileNotWritten = 13,
 };
 
@@ -46,6 +48,14 @@ Status noIdentifyDecoder(uint32_t cns);
 
 // Code 10: a command's data buffer holds fewer bytes than the command transfers.
 Status bufferShorterThanTransfer();
+
+// Code 11: LogName names a log page of the other protocol's drives than `protocol`'s;
+// `known` lists those that this drive's protocol has.
+Status logOfOtherProtocol(const std::string& name, const std::string& protocol,
+                          const std::string& known);
+
+// Code 12: the drive does not keep the log `log` (its own directory says so).
+Status driveKeepsNoLog(const std::string& log);
 
 // Code 13: a file could not be put in place; `step` says what failed ("flush the
 // temporary file") and `reason` why, as the system gave it.
