@@ -2,9 +2,9 @@
 
 #include <string>
 
-// The names under which log pages are known to the toolkit. Only MarketingDescription and
-// CommandEffectsLog have a class behind them; the others name log pages that a command line
-// may speak of.
+// The names under which log pages are known to the toolkit. MarketingDescription,
+// CommandEffectsLog, SmartHealthInfo, ErrorInfo, FirmwareSlotInfo and DeviceSelfTestLog have a
+// class behind them; the others name log pages that a command line may speak of.
 namespace orlo::features::nvme_get_log::logNames {
 
 const std::string AsymmetricNamespace = "AsymmetricNamespace";
@@ -14,6 +14,7 @@ const std::string CycleCountInfo = "CycleCountInfo";
 const std::string DellEMCLog = "DellEMCLog";
 const std::string DellEMCTarvenLog = "DellEMCTarvenLog";
 const std::string DeviceSelfTestLog = "DeviceSelfTestLog";
+const std::string DeviceStatistics = "DeviceStatistics";
 const std::string EnduranceGroupInfo = "EnduranceGroupInfo";
 const std::string ErrorInfo = "ErrorInfo";
 const std::string EmStatistics = "EmStatistics";
