@@ -6,8 +6,9 @@
 
 namespace plugin::cli {
 
-// "LogPage": one NVMe log page, read and decoded by the class that the toolkit's
-// log factory table holds for LogName.
+// "LogPage": one log page, read and decoded: of an NVMe drive by the class that the
+// toolkit's log factory table holds for LogName, of an ATA drive by the ATA logs'
+// own decoders (SMART attributes, Device Statistics).
 class LogPageFeature : public TreeFeature {
  public:
   orlo::core::Status run() override;

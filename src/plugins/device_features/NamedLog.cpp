@@ -4,6 +4,7 @@
 
 #include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
+#include "orlo/features/ata_smart/AtaLogs.h"
 #include "orlo/features/nvme_get_log/LogFactories.h"
 
 namespace plugin::cli {
@@ -19,6 +20,9 @@ orlo::core::Status makeNamedLog(const orlo::core::AttributeCollection& attribute
   std::string known;
   for (const auto& entry : nvme_get_log::logFactories()) {
     known += (known.empty() ? "" : ", ") + entry.first;
+  }
+  if (orlo::features::ata_smart::isAtaLogName(name)) {
+    return orlo::core::logOfOtherProtocol(name, "NVMe", known);
   }
   return orlo::core::unknownLogName(name, known);
 }
