@@ -3,6 +3,7 @@
 // children for a payload too short for its structure.
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -12,6 +13,8 @@
 #include "DeviceAttributes.h"
 #include "orlo/core/Payload.h"
 #include "orlo/core/xml/XmlObject.h"
+#include "orlo/features/ata_smart/DeviceStatistics.h"
+#include "orlo/features/ata_smart/SmartAttributesDecoder.h"
 #include "orlo/features/identify/ATAIdentifyDecoder.h"
 #include "orlo/features/identify/NVMe_CommandSetVector.h"
 #include "orlo/features/identify/NVMe_ControllerData.h"
@@ -54,6 +57,15 @@ Tree logPage(const Payload& payload, const AttributeCollection& attributes) {
   return page.getXml();
 }
 
+// SMART data in the first sector, thresholds in what follows.
+Tree smartAttributes(const Payload& payload, const AttributeCollection&) {
+  const uint64_t split = std::min<uint64_t>(payload.size(), 512);
+  const Payload data(payload.data(), split);
+  const Payload thresholds(payload.data() + split, payload.size() - split);
+  return orlo::features::ata_smart::decodeSmartAttributes(
+      data, thresholds, orlo::features::ata_smart::SmartVerdict::unknown);
+}
+
 struct Decoder {
   Tree (*decode)(const Payload&, const AttributeCollection&);
   // Below this size the tree has no children; 0 for a decoder that reports a short payload
@@ -75,6 +87,8 @@ const Decoder kDecoders[] = {
     {withoutAttributes<nvme::commandSetVector::toXmlObject>, 4096},
     {logPage<getLog::NVMeGetLog_CommandsEffects>, 0},
     {logPage<getLog::NVMeGetLogMarketingDescription>, 4},
+    {smartAttributes, 0},
+    {withoutAttributes<orlo::features::ata_smart::decodeDeviceStatistics>, 0},
     {withoutAttributes<getLog::smartHealth::decode>, 0},
     {withoutAttributes<getLog::errorInformation::decode>, 0},
     {withoutAttributes<getLog::firmwareSlot::decode>, 0},
