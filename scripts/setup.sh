@@ -11,7 +11,7 @@ packages=(
 case "${1:-}" in
   "") ;;
   --tests) packages+=(zip python3 clang libclang-rt-14-dev libgtest-dev libgmock-dev googletest
-                      libbenchmark-dev) ;;
+                      libbenchmark-dev prometheus prometheus-node-exporter curl) ;;
   *) echo "usage: scripts/setup.sh [--tests]" >&2; exit 2 ;;
 esac
 

@@ -7,6 +7,7 @@
 #include "devices/ImageCapture.h"
 #include "host/DriveList.h"
 #include "host/DriveSelection.h"
+#include "host/FleetMetrics.h"
 #include "plugins/plugin.cliframework/ResultMakers.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
 #include "plugins/plugin.cliframework/StatusResult.h"
@@ -19,10 +20,12 @@ namespace {
 using plugin::cli::CommandSpec;
 using plugin::cli::CommandSpecPart;
 
-enum HostCommandId : uint32_t { drivesId, captureId };
+enum HostCommandId : uint32_t { drivesId, captureId, metricsId };
 
 const std::string captureVerb = "capture";
 const std::string imageOption = "-image";
+const std::string metricsVerb = "metrics";
+const std::string fileOption = "-file";
 
 std::shared_ptr<CommandSpec> drivesSpec() {
   auto spec = std::make_shared<CommandSpec>(
@@ -48,6 +51,21 @@ std::shared_ptr<CommandSpec> captureSpec() {
   return spec;
 }
 
+std::shared_ptr<CommandSpec> metricsSpec() {
+  auto spec = std::make_shared<CommandSpec>(
+      metricsId, "Metrics",
+      "Write the health of every drive found, or of the drive -ssd names, in the Prometheus "
+      "text format; a drive that cannot be read has orlo_drive_up 0.",
+      metricsVerb);
+  spec->targets.add(std::make_shared<CommandSpecPart>(plugin::cli::ssdTargetValue));
+  spec->addOption(plugin::cli::OptionCommandSpecPart(
+      fileOption, false, "path", true,
+      "Write to this file instead of the standard output, whole or not at all (for "
+      "node_exporter's textfile collector, a name ending in .prom).",
+      false, ""));
+  return spec;
+}
+
 std::shared_ptr<plugin::cli::ResultBase> listDrives(const orlo::devices::DriveOptions& options) {
   return driveList(orlo::devices::discoverDrives(options.sysRoot), options.sysRoot);
 }
@@ -68,7 +86,7 @@ std::shared_ptr<plugin::cli::ResultBase> capture(const plugin::cli::ParsedComman
 }  // namespace
 
 const plugin::cli::CommandSpecs& hostCommandSpecs() {
-  static const plugin::cli::CommandSpecs specs = {drivesSpec(), captureSpec()};
+  static const plugin::cli::CommandSpecs specs = {drivesSpec(), captureSpec(), metricsSpec()};
   return specs;
 }
 
@@ -87,7 +105,14 @@ bool isHostCommand(const CommandSpec& spec) {
 std::shared_ptr<plugin::cli::ResultBase> runHostCommand(
     const CommandSpec& spec, const plugin::cli::ParsedCommand& command,
     const orlo::devices::DriveOptions& options) {
-  return spec.id == drivesId ? listDrives(options) : capture(command, options);
+  switch (spec.id) {
+    case drivesId:
+      return listDrives(options);
+    case captureId:
+      return capture(command, options);
+    default:
+      return writeMetrics(command, options, fileOption);
+  }
 }
 
 }  // namespace orlo::host
