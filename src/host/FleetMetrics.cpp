@@ -51,7 +51,8 @@ std::string readFacts(const std::shared_ptr<core::Device>& device, DriveHealth& 
 // image's directory).
 std::string deviceName(const std::string& ssd, const devices::DriveOptions& options) {
   if (ssd.find('/') != std::string::npos || devices::DeviceImage(ssd).exists()) return ssd;
-  const bool isIndex = std::all_of(ssd.begin(), ssd.end(), ::isdigit);
+  const bool isIndex =
+      std::all_of(ssd.begin(), ssd.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
   for (const devices::DriveEntry& drive : devices::discoverDrives(options.sysRoot)) {
     if (isIndex ? std::to_string(drive.index) == ssd : drive.serial == ssd) return drive.path;
   }
