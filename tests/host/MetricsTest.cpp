@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "host/ExitCode.h"
+#include "host/FleetMetrics.h"
 #include "host/MetricsFile.h"
 #include "host/PrometheusText.h"
 #include "orlo/core/OwnStatuses.h"
@@ -149,6 +151,36 @@ TEST(PrometheusText, FamiliesGroupedWithExactValuesAndEscapedLabels) {
                 nvmeLabels +
                 R"(,warning="Temperature"} 0)"
                 "\n");
+}
+
+// Every drive that the kernel lists is there, in its order, each that cannot be opened
+// with orlo_drive_up 0 and what sysfs says of it; none found is a failure that says
+// where orlo looked.
+TEST(FleetMetrics, ListsEveryDriveFoundAndFailsWithNone) {
+  const orlo::testing::ScratchDirectory sys;
+  orlo::devices::DriveOptions options;
+  options.sysRoot = sys.path();
+  const plugin::cli::ParsedCommand everyDrive;
+  const auto none = orlo::host::writeMetrics(everyDrive, options, "-file");
+  EXPECT_EQ(orlo::host::exitCodeFor(*none), orlo::host::ExitCode::commandFailed);
+  EXPECT_NE(none->value.find(sys.path().string()), std::string::npos) << none->value;
+
+  for (const char* name : {"nvme98", "nvme97"}) {
+    const std::filesystem::path controller = sys.path() / "class/nvme" / name;
+    orlo::testing::writeFile(controller / "model", "Tamsel T2\n");
+    orlo::testing::writeFile(controller / "serial", std::string("S-") + name + "\n");
+    orlo::testing::writeFile(controller / "firmware_rev", "T2F1\n");
+  }
+  const auto found = orlo::host::writeMetrics(everyDrive, options, "-file");
+  EXPECT_EQ(orlo::host::exitCodeFor(*found), orlo::host::ExitCode::success);
+  const std::string text = found->toText(0);
+  const std::string up97 = "orlo_drive_up{device=\"/dev/nvme97\",serial=\"S-nvme97\"} 0\n";
+  const std::string up98 = "orlo_drive_up{device=\"/dev/nvme98\",serial=\"S-nvme98\"} 0\n";
+  EXPECT_NE(text.find(up97 + up98), std::string::npos) << text;
+  EXPECT_NE(text.find("orlo_drive_info{device=\"/dev/nvme98\",serial=\"S-nvme98\",model=\"Tamsel "
+                      "T2\",firmware=\"T2F1\",protocol=\"NVMe\"} 1\n"),
+            std::string::npos)
+      << text;
 }
 
 TEST(MetricsFile, ReplacesTheFileWholeReadableByAllAndLeavesNothingBeside) {
