@@ -28,6 +28,7 @@ struct LoggerState {
   bool logFileOpen = false;
   boost::shared_ptr<sinks::text_ostream_backend> textBackend;
   boost::shared_ptr<std::ofstream> logStream;
+  boost::shared_ptr<std::ofstream> copyStream;  // LogCopy's file
 };
 
 LoggerState& state() {
@@ -93,6 +94,23 @@ std::string logFileName() {
 
 bool isLogFileOpen() {
   return state().logFileOpen;
+}
+
+LogCopy::LogCopy(const std::string& path) : wasEnabled_(isEnabled()) {
+  auto& s = state();
+  // Without a plug-in that set it up, the logging core has no sink yet.
+  if (!s.textBackend) setupLogging();
+  s.copyStream = boost::make_shared<std::ofstream>(path, std::ios::out | std::ios::trunc);
+  s.textBackend->add_stream(s.copyStream);
+  setEnabled(true);
+}
+
+LogCopy::~LogCopy() {
+  auto& s = state();
+  setEnabled(wasEnabled_);
+  s.textBackend->remove_stream(s.copyStream);
+  s.copyStream->close();
+  s.copyStream.reset();
 }
 
 }  // namespace orlo::core::logging

@@ -28,4 +28,19 @@ void setEnabled(bool enabled);
 std::string logFileName();
 bool isLogFileOpen();
 
+// A copy of the log in a file of its own, for one piece of work such as an incident
+// report: from construction every record also goes to `path` (created, or emptied),
+// with logging switched on; on destruction the file is closed and logging is on or
+// off as it was. The host's own log file, when there is one, gets the records as well.
+class LogCopy {
+ public:
+  explicit LogCopy(const std::string& path);
+  ~LogCopy();
+  LogCopy(const LogCopy&) = delete;
+  LogCopy& operator=(const LogCopy&) = delete;
+
+ private:
+  bool wasEnabled_;
+};
+
 }  // namespace orlo::core::logging
