@@ -8,6 +8,7 @@
 #include "host/DriveList.h"
 #include "host/DriveSelection.h"
 #include "host/FleetMetrics.h"
+#include "host/IncidentReport.h"
 #include "plugins/plugin.cliframework/ResultMakers.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
 #include "plugins/plugin.cliframework/StatusResult.h"
@@ -20,12 +21,14 @@ namespace {
 using plugin::cli::CommandSpec;
 using plugin::cli::CommandSpecPart;
 
-enum HostCommandId : uint32_t { drivesId, captureId, metricsId };
+enum HostCommandId : uint32_t { drivesId, captureId, metricsId, reportId };
 
 const std::string captureVerb = "capture";
 const std::string imageOption = "-image";
 const std::string metricsVerb = "metrics";
 const std::string fileOption = "-file";
+const std::string reportVerb = "report";
+const std::string forceOption = "-force";
 
 std::shared_ptr<CommandSpec> drivesSpec() {
   auto spec = std::make_shared<CommandSpec>(
@@ -66,6 +69,23 @@ std::shared_ptr<CommandSpec> metricsSpec() {
   return spec;
 }
 
+std::shared_ptr<CommandSpec> reportSpec() {
+  auto spec = std::make_shared<CommandSpec>(
+      reportId, "Report",
+      "Write an incident report of the drive -ssd names, or of every drive found: per drive "
+      "its device image, its Identify structures and its health in text and JSON, with the "
+      "drive list, the system's facts and orlo's log of the run, in a new zip archive that "
+      "-ssd then takes as REPORT or REPORT:DRIVE.",
+      reportVerb);
+  spec->targets.add(std::make_shared<CommandSpecPart>(plugin::cli::ssdTargetValue));
+  spec->addOption(plugin::cli::OptionCommandSpecPart(
+      plugin::cli::destinationPartRequired.name, true, "path", true,
+      "The archive to write; a name without an extension gets .zip.", false, ""));
+  spec->addOption(plugin::cli::OptionCommandSpecPart(
+      forceOption, false, "", false, "Replace the destination if it exists.", false, ""));
+  return spec;
+}
+
 std::shared_ptr<plugin::cli::ResultBase> listDrives(const orlo::devices::DriveOptions& options) {
   return driveList(orlo::devices::discoverDrives(options.sysRoot), options.sysRoot);
 }
@@ -86,7 +106,8 @@ std::shared_ptr<plugin::cli::ResultBase> capture(const plugin::cli::ParsedComman
 }  // namespace
 
 const plugin::cli::CommandSpecs& hostCommandSpecs() {
-  static const plugin::cli::CommandSpecs specs = {drivesSpec(), captureSpec(), metricsSpec()};
+  static const plugin::cli::CommandSpecs specs = {drivesSpec(), captureSpec(), metricsSpec(),
+                                                  reportSpec()};
   return specs;
 }
 
@@ -110,8 +131,11 @@ std::shared_ptr<plugin::cli::ResultBase> runHostCommand(
       return listDrives(options);
     case captureId:
       return capture(command, options);
-    default:
+    case metricsId:
       return writeMetrics(command, options, fileOption);
+    default:
+      return writeIncidentReport(command, options, plugin::cli::destinationPartRequired.name,
+                                 forceOption);
   }
 }
 

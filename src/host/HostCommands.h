@@ -15,6 +15,8 @@ namespace orlo::host {
 //   orlo show -ssd                     "Drives": the drives found, with their index
 //   orlo capture -ssd X -image DIR     "Capture": records a drive into a device image
 //   orlo metrics [-ssd X] [-file PATH] "Metrics": the drives' health for Prometheus
+//   orlo report [-ssd X] -destination IR.zip [-force]
+//                                      "Report": an incident report of one or every drive
 // They are read and helped like the plug-ins' commands, and come after them, so that
 // a line that fits no command is refused with the words of a plug-in's command. A
 // "show -ssd" with a drive behind it is not theirs.

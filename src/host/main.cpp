@@ -86,6 +86,11 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
   }
   CommandChoice choice = chooseCommand(specs, words);
   if (choice.spec == nullptr) return fail(choice.error, ExitCode::refused, json);
+  // The paths of the archive update and of the incident report's archive.
+  if (auto unsafe = findUnsafePath(choice.command)) return fail(*unsafe, ExitCode::refused, json);
+  if (auto unsafe = findUnsafeDestination(choice.command)) {
+    return fail(*unsafe, ExitCode::refused, json);
+  }
   if (isHostCommand(*choice.spec)) {
     return answer(*runHostCommand(*choice.spec, choice.command, settings.drives), settings);
   }
@@ -96,10 +101,6 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
     output->name = plugin::cli::outputOption.name;
     output->value = settings.outputFormat;
     choice.command.options.add(output);
-  }
-  if (auto unsafe = findUnsafePath(choice.command)) return fail(*unsafe, ExitCode::refused, json);
-  if (auto unsafe = findUnsafeDestination(choice.command)) {
-    return fail(*unsafe, ExitCode::refused, json);
   }
   DriveSelection drive;
   if (takesDrive(*choice.spec)) drive = selectDrive(choice.command, settings.drives);

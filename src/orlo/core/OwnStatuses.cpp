@@ -44,4 +44,20 @@ Status fileNotWritten(const std::string& path, const std::string& step, const st
                    "Cannot write " + path + ": could not " + step + " (" + reason + ").");
 }
 
+Status destinationExists(const std::string& path) {
+  return ownStatus(OwnCode::destinationExists,
+                   "The destination " + path + " exists; -force replaces it.");
+}
+
+Status archiverFailed(const std::string& commandLine, const std::string& said) {
+  return ownStatus(OwnCode::archiverFailed, "Writing the archive failed: " + commandLine + ": " +
+                                                said +
+                                                (!said.empty() && said.back() == '.' ? "" : "."));
+}
+
+Status stagingFailed(const std::string& path, const std::string& reason) {
+  return ownStatus(OwnCode::stagingFailed,
+                   "Cannot stage the incident report in " + path + ": " + reason + ".");
+}
+
 }  // namespace orlo::core

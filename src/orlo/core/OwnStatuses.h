@@ -27,6 +27,9 @@ enum class OwnCode : int32_t {
   logOfOtherProtocol = 11,
   driveKeepsNoLog = 12,
   fileNotWritten = 13,
+  destinationExists = 14,
+  archiverFailed = 15,
+  stagingFailed = 16,
 };
 
 // A status of ours: the maker of each failure gives its code and message.
@@ -61,4 +64,13 @@ Status driveKeepsNoLog(const std::string& log);
 // temporary file") and `reason` why, as the system gave it.
 Status fileNotWritten(const std::string& path, const std::string& step, const std::string& reason);
 
+// Code 14: the archive to write exists, and no -force allows replacing it.
+Status destinationExists(const std::string& path);
+
+// Code 15: the archive provider, started with `commandLine`, did not write the archive;
+// `said` is its message, or how it ended.
+Status archiverFailed(const std::string& commandLine, const std::string& said);
+
+// Code 16: the staging folder of an incident report could not be made or written.
+Status stagingFailed(const std::string& path, const std::string& reason);
 }  // namespace orlo::core
