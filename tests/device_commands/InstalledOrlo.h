@@ -15,6 +15,8 @@ using orlo::testing::Invocation;
 
 const std::string nvmeImage = std::string(ORLO_IMAGES_DIR) + "/nvme-tamsel-t2";
 const std::string sataImage = std::string(ORLO_IMAGES_DIR) + "/sata-corvid-s300";
+// A Tamsel T2 whose SMART log carries a critical warning.
+const std::string wornImage = std::string(ORLO_IMAGES_DIR) + "/nvme-tamsel-t2-worn";
 // The PCI vendor of both images.
 const std::string imageVendor = "0x1E5A";
 
@@ -26,16 +28,16 @@ class InstalledOrlo : public ::testing::Test {
     return orlo::testing::runThroughShell(words, outputs, prefix);
   }
 
-  // The command's text, after checking that it succeeds in all four formats, that
+  // The command's text, after checking that it ends with `exitCode` in all four formats, that
   // `python3 -m json.tool` takes its JSON, and that its JSON, XML and CSV hold what
   // its text holds.
-  std::string inFourFormats(const Words& words) const {
+  std::string inFourFormats(const Words& words, int exitCode = 0) const {
     std::vector<std::string> files;
     for (const std::string format : {"text", "json", "xml", "csv"}) {
       Words formatted = words;
       formatted.insert(formatted.end(), {"-output", format});
       const Invocation run = orlo(formatted);
-      EXPECT_EQ(run.exitCode, 0) << format << ": " << run.out << run.err;
+      EXPECT_EQ(run.exitCode, exitCode) << format << ": " << run.out << run.err;
       files.push_back(rendered / format);
       orlo::testing::writeFile(files.back(), run.out);
     }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "orlo/core/LoggerSetup.h"
+#include "plugins/device_features/HealthPlugin.h"
 #include "plugins/device_features/IdentifyPlugin.h"
 #include "plugins/device_features/LogFilePlugin.h"
 #include "plugins/device_features/LogPagePlugin.h"
@@ -22,10 +23,11 @@ bool register_features(PluginRegistry& registry) {
   static IdentifyPlugin identify;
   static LogPagePlugin logPage;
   static LogFilePlugin logFile;
+  static HealthPlugin health;
 
   for (FeatureBase* plugin :
        {static_cast<FeatureBase*>(&identify), static_cast<FeatureBase*>(&logPage),
-        static_cast<FeatureBase*>(&logFile)}) {
+        static_cast<FeatureBase*>(&logFile), static_cast<FeatureBase*>(&health)}) {
     registry.plugins.push_back(plugin);
     for (const auto& spec : plugin->getCommandSpecs()) {
       const bool known = std::any_of(registry.commands.begin(), registry.commands.end(),
