@@ -10,8 +10,13 @@ namespace {
 // By id, ascending.
 constexpr KnownAttribute kKnownAttributes[] = {
     {1, "Raw Read Error Rate", RawForm::Count48},
+    {2, "Throughput Performance", RawForm::Count48},
+    {3, "Spin-Up Time", RawForm::Count32},
+    {4, "Start/Stop Count", RawForm::Count32},
     {5, "Reallocated Sector Count", RawForm::Count48},
+    {7, "Seek Error Rate", RawForm::Count48},
     {9, "Power-On Hours", RawForm::Count32},
+    {10, "Spin Retry Count", RawForm::Count48},
     {12, "Power Cycle Count", RawForm::Count48},
     {171, "Program Fail Count", RawForm::Count48},
     {172, "Erase Fail Count", RawForm::Count48},
@@ -25,6 +30,7 @@ constexpr KnownAttribute kKnownAttributes[] = {
     {188, "Command Timeout", RawForm::Count48},
     {190, "Airflow Temperature", RawForm::Celsius},
     {192, "Power-off Retract Count", RawForm::Count48},
+    {193, "Load Cycle Count", RawForm::Count32},
     {194, "Temperature", RawForm::Celsius},
     {195, "Hardware ECC Recovered", RawForm::Count48},
     {196, "Reallocation Event Count", RawForm::Count48},
@@ -37,6 +43,15 @@ constexpr KnownAttribute kKnownAttributes[] = {
     {241, "Total LBAs Written", RawForm::Count48},
     {242, "Total LBAs Read", RawForm::Count48},
 };
+
+constexpr bool ascending() {
+  for (std::size_t i = 1; i < std::size(kKnownAttributes); ++i) {
+    if (kKnownAttributes[i - 1].id >= kKnownAttributes[i].id) return false;
+  }
+  return true;
+}
+// knownAttribute searches the table by halves.
+static_assert(ascending(), "the known attributes stand in ascending order of id, once each");
 
 }  // namespace
 
