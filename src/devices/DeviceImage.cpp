@@ -7,9 +7,10 @@
 #include <system_error>
 #include <utility>
 
-#include "orlo/commands/ata/Completion.h"
 #include "devices/NvmeProtocolResult.h"
 #include "devices/RegularFile.h"
+#include "devices/ReportArchive.h"
+#include "orlo/commands/ata/Completion.h"
 #include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/Strings.h"
@@ -52,6 +53,8 @@ constexpr RefusalField kNvmeRefusal[] = {{"NvmeStatus", 4}, {"NvmeResult", 8}};
 constexpr RefusalField kAtaRefusal[] = {{"AtaStatus", 2}, {"AtaError", 2}};
 
 constexpr std::size_t kRefusalLimit = 4096;
+// An attributes file names a few dozen attributes.
+constexpr std::size_t kAttributesLimit = 64 * 1024;
 
 std::string refusalName(const std::string& replyName) {
   return std::filesystem::path(replyName).replace_extension(".status").string();
@@ -104,6 +107,27 @@ core::Status writeBytes(const std::filesystem::path& path, const char* data, std
 
 DeviceImage::DeviceImage(std::filesystem::path directory) : directory_(std::move(directory)) {}
 
+DeviceImage::DeviceImage(std::shared_ptr<const ReportArchive> archive, std::filesystem::path folder)
+    : directory_(std::move(folder)), archive_(std::move(archive)) {}
+
+std::string DeviceImage::name() const {
+  return archive_ ? archive_->path() + ":" + directory_.string() : directory_.string();
+}
+
+std::filesystem::path DeviceImage::pathOf(const std::string& name) const {
+  return archive_ ? std::filesystem::path(archive_->path() + ":" + (directory_ / name).string())
+                  : directory_ / name;
+}
+
+core::Status DeviceImage::readFile(const std::string& name, std::size_t limit, std::string& bytes,
+                                   bool& found) const {
+  if (archive_) return archive_->read((directory_ / name).string(), limit, bytes, found);
+  const std::filesystem::path path = directory_ / name;
+  std::error_code error;
+  found = std::filesystem::exists(std::filesystem::symlink_status(path, error));
+  return found ? readRegularFile(path, limit, bytes) : core::Status::success();
+}
+
 bool DeviceImage::exists() const {
   std::error_code error;
   return std::filesystem::is_regular_file(directory_ / kAttributesFile, error);
@@ -111,9 +135,13 @@ bool DeviceImage::exists() const {
 
 core::Status DeviceImage::readAttributes(std::string& protocol,
                                          core::AttributeCollection& attributes) const {
-  const std::filesystem::path path = directory_ / kAttributesFile;
-  std::ifstream file(path);
-  if (!file) return imageProblem(path, "cannot be read.");
+  const std::filesystem::path path = pathOf(kAttributesFile);
+  std::string text;
+  bool found = false;
+  const core::Status read = readFile(kAttributesFile, kAttributesLimit, text, found);
+  if (!core::succeeded(read)) return read;
+  if (!found) return imageProblem(path, "cannot be read.");
+  std::istringstream file(text);
   protocol.clear();
   std::string line;
   for (int number = 1; std::getline(file, line); ++number) {
@@ -167,10 +195,7 @@ core::Status DeviceImage::writeAttributes(const std::string& protocol,
 
 core::Status DeviceImage::readReply(const std::string& name, std::string& bytes,
                                     bool& found) const {
-  const std::filesystem::path path = directory_ / name;
-  std::error_code error;
-  found = std::filesystem::exists(std::filesystem::symlink_status(path, error));
-  return found ? readRegularFile(path, kReplyLimit, bytes) : core::Status::success();
+  return readFile(name, kReplyLimit, bytes, found);
 }
 
 core::Status DeviceImage::writeReply(const std::string& name, const core::Payload& data) const {
@@ -182,14 +207,11 @@ core::Status DeviceImage::writeReply(const std::string& name, const core::Payloa
 core::Status DeviceImage::readRefusal(const std::string& name,
                                       std::unique_ptr<core::ProtocolResult>& result) const {
   result.reset();
-  const std::filesystem::path path = directory_ / refusalName(name);
-  std::error_code error;
-  if (!std::filesystem::exists(std::filesystem::symlink_status(path, error))) {
-    return core::Status::success();
-  }
+  const std::filesystem::path path = pathOf(refusalName(name));
   std::string text;
-  const core::Status read = readRegularFile(path, kRefusalLimit, text);
-  if (!core::succeeded(read)) return read;
+  bool found = false;
+  const core::Status read = readFile(refusalName(name), kRefusalLimit, text, found);
+  if (!core::succeeded(read) || !found) return read;
   std::map<std::string, std::string> fields;
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {

@@ -12,6 +12,8 @@
 
 namespace orlo::devices {
 
+class ReportArchive;
+
 // A drive kept in a directory, so that a ReplayDevice can stand for it:
 //   attributes.txt  a "Protocol=NVME" or "Protocol=ATA" line, then "Name=value"
 //                   lines of device attributes (names as the property descriptors
@@ -27,11 +29,15 @@ namespace orlo::devices {
 //                   NvmeStatus, the status field (completion dword 3, bits 31:17),
 //                   and NvmeResult, completion dword 0. ATA: AtaStatus and
 //                   AtaError, the registers. A regular file of at most 4 KiB.
+// The same files may be read in place from a folder of an incident report's archive.
 class DeviceImage {
  public:
   static constexpr const char* kAttributesFile = "attributes.txt";
 
   explicit DeviceImage(std::filesystem::path directory);
+  // The image in `folder` of an incident report, read through libzip without unpacking
+  // it; only a replay reads it, and nothing is written to it.
+  DeviceImage(std::shared_ptr<const ReportArchive> archive, std::filesystem::path folder);
 
   // True when the directory holds an attributes file.
   bool exists() const;
@@ -65,10 +71,17 @@ class DeviceImage {
   // completion (`why` says what is wrong).
   static core::Status badRefusal(const std::filesystem::path& path, const std::string& why);
 
-  const std::filesystem::path& directory() const { return directory_; }
+  // The image as messages name it: its directory, or "REPORT:FOLDER".
+  std::string name() const;
 
  private:
+  // The image's file `name`, at most `limit` bytes, with `found` false when there is none.
+  core::Status readFile(const std::string& name, std::size_t limit, std::string& bytes,
+                        bool& found) const;
+  std::filesystem::path pathOf(const std::string& name) const;
+
   std::filesystem::path directory_;
+  std::shared_ptr<const ReportArchive> archive_;  // none for a directory
 };
 
 }  // namespace orlo::devices

@@ -6,6 +6,7 @@
 #include "devices/DriveDiscovery.h"
 #include "devices/NvmeDevice.h"
 #include "devices/ReplayDevice.h"
+#include "devices/ReportArchive.h"
 #include "devices/SataDevice.h"
 #include "orlo/core/OwnStatuses.h"
 
@@ -13,11 +14,11 @@ namespace orlo::devices {
 
 namespace {
 
-template <typename Backend, typename... Options>
-core::Status openAs(const std::string& path, std::shared_ptr<core::Device>& device,
+template <typename Backend, typename Source, typename... Options>
+core::Status openAs(const Source& source, std::shared_ptr<core::Device>& device,
                     const Options&... options) {
   std::shared_ptr<Backend> drive;
-  const core::Status status = Backend::open(path, options..., drive);
+  const core::Status status = Backend::open(source, options..., drive);
   if (core::succeeded(status)) device = drive;
   return status;
 }
@@ -37,6 +38,12 @@ core::Status openPath(const std::string& ssd, const DriveOptions& options,
 
 core::Status openDrive(const std::string& ssd, const DriveOptions& options,
                        std::shared_ptr<core::Device>& device) {
+  if (namesReport(ssd)) {
+    std::optional<DeviceImage> image;
+    const core::Status chosen = chooseReportImage(ssd, image);
+    if (!core::succeeded(chosen)) return chosen;
+    return openAs<ReplayDevice>(*image, device, options.makers);
+  }
   if (ssd.find('/') != std::string::npos || DeviceImage(ssd).exists()) {
     return openPath(ssd, options, device);
   }

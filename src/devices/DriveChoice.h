@@ -17,6 +17,8 @@ struct DriveOptions {
 };
 
 // Opens the drive that the value of "-ssd" names, tried in this order:
+//   an incident report that `orlo report` wrote, "REPORT" or "REPORT:DRIVE" (see
+//   chooseReportImage): a ReplayDevice of the chosen drive's image, read in place;
 //   a device image directory (one holding attributes.txt): a ReplayDevice;
 //   a path (with a "/"): /dev/nvme* as an NvmeDevice, /dev/sd* as a SataDevice;
 //   a number: the drive of that index in discoverDrives;

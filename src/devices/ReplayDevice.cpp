@@ -57,17 +57,23 @@ std::unique_ptr<core::ProtocolResult> returnedRegisters(const core::Command& com
 
 }  // namespace
 
-ReplayDevice::ReplayDevice(const std::string& directory) : image_(directory) {}
+ReplayDevice::ReplayDevice(const DeviceImage& image) : image_(image) {}
 
 core::Status ReplayDevice::open(const std::string& directory, const VendorList& makers,
                                 std::shared_ptr<ReplayDevice>& device) {
-  std::shared_ptr<ReplayDevice> replay(new ReplayDevice(directory));
+  return open(DeviceImage(directory), makers, device);
+}
+
+core::Status ReplayDevice::open(const DeviceImage& image, const VendorList& makers,
+                                std::shared_ptr<ReplayDevice>& device) {
+  std::shared_ptr<ReplayDevice> replay(new ReplayDevice(image));
   core::AttributeCollection stated;
   core::Status status = replay->image_.readAttributes(replay->protocol_, stated);
   if (!core::succeeded(status)) return status;
   status = identifyDrive(*replay, makers);
   if (!core::succeeded(status)) {
-    status.setMessage("Device image " + directory + " has no Identify reply: " + status.message());
+    status.setMessage("Device image " + image.name() +
+                      " has no Identify reply: " + status.message());
     return status;
   }
   for (const auto& entry : stated) replay->attributes.add(entry.second);

@@ -23,13 +23,16 @@ class ReplayDevice : public core::Device {
   // override those.
   static core::Status open(const std::string& directory, const VendorList& makers,
                            std::shared_ptr<ReplayDevice>& device);
+  // The same for an image that may be kept elsewhere, such as in an incident report.
+  static core::Status open(const DeviceImage& image, const VendorList& makers,
+                           std::shared_ptr<ReplayDevice>& device);
 
   bool supportsProtocol(std::string protocol) override;
   core::CommandRecord send(core::Command& command, const core::Payload& dataOut) override;
   core::CommandRecord send(core::Command& command) override;
 
  private:
-  explicit ReplayDevice(const std::string& directory);
+  explicit ReplayDevice(const DeviceImage& image);
 
   DeviceImage image_;
   std::string protocol_;

@@ -60,4 +60,14 @@ Status stagingFailed(const std::string& path, const std::string& reason) {
                    "Cannot stage the incident report in " + path + ": " + reason + ".");
 }
 
+Status driveNotChosen(const std::string& report, const std::string& choices) {
+  return ownStatus(OwnCode::driveNotChosen,
+                   "The incident report " + report + " holds several drives; choose one as -ssd " +
+                       report + ":INDEX or :SERIAL, one of " + choices + ".");
+}
+
+Status badReport(const std::string& report, const std::string& why) {
+  return ownStatus(OwnCode::badReport, "Incident report " + report + ": " + why);
+}
+
 }  // namespace orlo::core

@@ -30,6 +30,8 @@ enum class OwnCode : int32_t {
   destinationExists = 14,
   archiverFailed = 15,
   stagingFailed = 16,
+  driveNotChosen = 17,
+  badReport = 18,
 };
 
 // A status of ours: the maker of each failure gives its code and message.
@@ -73,4 +75,13 @@ Status archiverFailed(const std::string& commandLine, const std::string& said);
 
 // Code 16: the staging folder of an incident report could not be made or written.
 Status stagingFailed(const std::string& path, const std::string& reason);
+
+// Code 17: "-ssd" names an incident report that holds several drives without choosing
+// one; `choices` lists what may follow the report's name.
+Status driveNotChosen(const std::string& report, const std::string& choices);
+
+// Code 18: an incident report that cannot be played back; `why` says what is wrong with
+// it (not an archive, no drive's image in it, an entry too large or damaged).
+Status badReport(const std::string& report, const std::string& why);
+
 }  // namespace orlo::core
