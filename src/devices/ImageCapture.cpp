@@ -7,10 +7,15 @@
 #include "devices/DeviceImage.h"
 #include "devices/ReplyName.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
+#include "orlo/commands/ata/Completion.h"
 #include "orlo/commands/ata/IdentifyDevice.h"
+#include "orlo/commands/ata/Layout.h"
+#include "orlo/commands/ata/ReadLogExt.h"
+#include "orlo/commands/ata/Smart.h"
 #include "orlo/commands/nvme/GetLogPage.h"
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/core/PropertyDescriptors.h"
+#include "orlo/features/ata_smart/LogDirectory.h"
 #include "orlo/features/feature/UUID/GUID16.h"
 #include "orlo/features/feature/UUID/UUIDListReader.h"
 
@@ -25,6 +30,18 @@ constexpr uint32_t kMostNamespaces = 16;
 
 namespace layout = commands::nvme::layout;
 
+// What an image keeps of a good answer: the data read, or for an ATA command without
+// data the registers that the drive returned, which are its answer.
+core::Payload reply(const core::Command& command, const core::CommandRecord& sent) {
+  const auto* ata = dynamic_cast<const commands::ata::Command*>(&command);
+  const auto* completion =
+      dynamic_cast<const commands::ata::Completion*>(sent.protocolResult.get());
+  if (ata == nullptr || ata->dataIn || ata->dataOut || completion == nullptr) {
+    return sent.outputPayload;
+  }
+  return core::Payload(completion->registers.bytes(), sizeof completion->registers);
+}
+
 class Recorder {
  public:
   Recorder(core::Device& device, const DeviceImage& image) : device_(device), image_(image) {}
@@ -36,7 +53,7 @@ class Recorder {
     if (!tried_.insert(name).second) return core::Payload();
     const core::CommandRecord sent = device_.send(command);
     if (core::succeeded(sent.status)) {
-      note(image_.writeReply(name, sent.outputPayload));
+      note(image_.writeReply(name, reply(command, sent)));
       return sent.outputPayload;
     }
     // A failure without the drive's completion (a system call refused) is the host's,
@@ -92,6 +109,20 @@ uint32_t vendorUUIDIndex(const core::Payload& uuidList) {
   return 0;
 }
 
+void getLogPage(Recorder& recorder, const layout::LogPage& page, uint32_t bytes,
+                uint32_t namespaceId, uint32_t uuidIndex) {
+  commands::nvme::GetLogPage command;
+  commands::nvme::SubmissionEntry& entry = command.submissionEntry;
+  const uint32_t dwords = bytes / 4 - 1;
+  entry.set(layout::kNamespaceId, namespaceId);
+  entry.set(layout::kLogId, page.id);
+  entry.set(layout::kDwordCountLower, dwords & 0xFFFF);
+  entry.set(layout::kDwordCountUpper, dwords >> 16);
+  entry.set(layout::kUuidIndex, uuidIndex);
+  command.transferBytes = bytes;
+  recorder.keep(command);
+}
+
 void captureNvme(core::Device& device, Recorder& recorder) {
   std::set<uint32_t> namespaces = {0, kAllNamespaces};
   const uint32_t own = core::readUInt32(device.attributes, properties::namespaceId());
@@ -105,17 +136,17 @@ void captureNvme(core::Device& device, Recorder& recorder) {
   for (const layout::IdentifyStructure& structure : layout::kDecodedStructures) {
     for (const uint32_t id : namespaces) identify(recorder, structure.cns, id);
   }
+  const uint8_t elpe = core::readUInt8(device.attributes, properties::errorLogPageEntries());
   for (const layout::LogPage& page : layout::kReadLogPages) {
-    commands::nvme::GetLogPage command;
-    commands::nvme::SubmissionEntry& entry = command.submissionEntry;
-    const uint32_t dwords = page.size / 4 - 1;
-    entry.set(layout::kNamespaceId, kAllNamespaces);
-    entry.set(layout::kLogId, page.id);
-    entry.set(layout::kDwordCountLower, dwords & 0xFFFF);
-    entry.set(layout::kDwordCountUpper, dwords >> 16);
-    if (page.makersUuid) entry.set(layout::kUuidIndex, uuidIndex);
-    command.transferBytes = page.size;
-    recorder.keep(command);
+    getLogPage(recorder, page, layout::logPageSize(page, elpe), kAllNamespaces,
+               page.makersUuid ? uuidIndex : 0);
+  }
+  // A drive that keeps SMART / Health Information per namespace answers for each.
+  if (core::readBool(device.attributes, properties::smartPerNamespace())) {
+    for (const uint32_t id : namespaces) {
+      if (id == 0) continue;
+      getLogPage(recorder, layout::kSmartHealthLog, layout::kSmartHealthLog.size, id, 0);
+    }
   }
 }
 
@@ -124,6 +155,20 @@ void captureAta(Recorder& recorder) {
   recorder.keep(identifyDevice);
   commands::ata::CheckPowerMode checkPowerMode;
   recorder.keep(checkPowerMode);
+  commands::ata::SmartReadData smartData;
+  recorder.keep(smartData);
+  commands::ata::SmartReadThresholds smartThresholds;
+  recorder.keep(smartThresholds);
+  commands::ata::SmartReturnStatus smartStatus;
+  recorder.keep(smartStatus);
+  // The Device Statistics log, in as many pages as the log directory gives it.
+  commands::ata::ReadLogExt directory(commands::ata::layout::kLogDirectory, 0, 1);
+  const uint16_t pages = features::ata_smart::logPages(recorder.keep(directory),
+                                                       commands::ata::layout::kDeviceStatisticsLog);
+  if (pages > 0) {
+    commands::ata::ReadLogExt statistics(commands::ata::layout::kDeviceStatisticsLog, 0, pages);
+    recorder.keep(statistics);
+  }
 }
 
 }  // namespace

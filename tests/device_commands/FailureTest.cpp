@@ -34,6 +34,16 @@ TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
   std::filesystem::create_directory(folderReply + controller);
   std::filesystem::remove(fifoReply + namespaces);
   ASSERT_EQ(mkfifo((fifoReply + namespaces).c_str(), 0600), 0);
+  // A drive that keeps no self-test log, and says so.
+  const std::string noSelfTests = scratch / "no-self-tests";
+  const std::string selfTests = noSelfTests + "/nvme-getlog-lid06-nsidffffffff-offset0";
+  std::filesystem::copy(nvmeImage, noSelfTests);
+  std::filesystem::remove(selfTests + ".bin");
+  orlo::testing::writeFile(selfTests + ".status", "NvmeStatus=0x4109\nNvmeResult=0x00000000\n");
+  // A SATA drive whose log directory gives Device Statistics no pages.
+  const std::string noStatistics = scratch / "no-statistics";
+  std::filesystem::copy(sataImage, noStatistics);
+  orlo::testing::writeFile(noStatistics + "/ata-cmd2f-lba0-count1.bin", std::string(512, '\0'));
 
   const std::string noReply =
       "Result: NVMe command reported a problem: Invalid Field in Command (0x4002).\n";
@@ -76,10 +86,28 @@ TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
       {{"dump", "-ssd", nvmeImage, "LogName=CommandEffectsLog", "File=" + scratch / "f"},
        1,
        notTheMakers},
-      {{"show", "-ssd", nvmeImage, "LogName=SmartHealthInfo", "-maker-vendors", imageVendor},
+      {{"show", "-ssd", nvmeImage, "LogName=TemperatureStatistics", "-maker-vendors", imageVendor},
        1,
-       "Result: The toolkit reads no log page named \"SmartHealthInfo\". LogName takes one of "
-       "COMMANDEFFECTSLOG, MARKETINGDESCRIPTION, in any case.\n"},
+       "Result: The toolkit reads no log page named \"TemperatureStatistics\". LogName takes one "
+       "of COMMANDEFFECTSLOG, DEVICESELFTESTLOG, ERRORINFO, FIRMWARESLOTINFO, "
+       "MARKETINGDESCRIPTION, SMARTHEALTHINFO, in any case.\n"},
+      // A log of the other protocol's drives; a SATA drive without Device Statistics.
+      {{"show", "-ssd", sataImage, "LogName=ErrorInfo"},
+       1,
+       "Result: The log page \"ErrorInfo\" is not one that an ATA drive keeps. For this drive "
+       "LogName takes one of SmartAttributes, DeviceStatistics, in any case.\n"},
+      {{"show", "-ssd", nvmeImage, "LogName=DeviceStatistics"},
+       1,
+       "Result: The log page \"DeviceStatistics\" is not one that an NVMe drive keeps. For this "
+       "drive LogName takes one of COMMANDEFFECTSLOG, DEVICESELFTESTLOG, ERRORINFO, "
+       "FIRMWARESLOTINFO, MARKETINGDESCRIPTION, SMARTHEALTHINFO, in any case.\n"},
+      {{"show", "-ssd", noStatistics, "LogName=DeviceStatistics"},
+       1,
+       "Result: The drive does not keep the Device Statistics log (General Purpose Log 04h).\n"},
+      // A page of the drive's own needs no maker; a refusal is the drive's.
+      {{"show", "-ssd", noSelfTests, "LogName=DeviceSelfTestLog"},
+       1,
+       "Result: NVMe command reported a problem: Invalid Log Page (0x4109).\n"},
       {{"show", "-ssd", nvmeImage, "LogName=MarketingDescription", "-maker-vendors", "1e5a,xyz"},
        2,
        "",
@@ -94,12 +122,12 @@ TEST_F(Failures, SayWhatWentWrongAndExitNonZero) {
        "",
        "timeout 60"},
       // Each command of the verb lacks one of the two properties.
-      {{"show", "-ssd", nvmeImage, "LogName=CommandEffectsLog", "NamespaceId=1"},
+      {{"show", "-ssd", nvmeImage, "LogName=CommandEffectsLog", cns + "1"},
        2,
        "",
-       "orlo: No command of 'orlo show' takes the properties LogName and NamespaceId together: "
-       "Identify takes NamespaceId, ControllerNamespaceStructure; LogPage takes LogName; Drives "
-       "takes none.\n"},
+       "orlo: No command of 'orlo show' takes the properties LogName and "
+       "ControllerNamespaceStructure together: Identify takes NamespaceId, "
+       "ControllerNamespaceStructure; LogPage takes LogName, NamespaceId; Drives takes none.\n"},
   };
   for (const auto& c : cases) {
     const Invocation run = orlo(c.words, c.prefix);

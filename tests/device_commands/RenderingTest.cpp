@@ -60,6 +60,29 @@ TEST_F(Rendering, EveryDecodedTreeInFourFormats) {
        "  Marketing String: Tamsel T2 3.84TB U.2 NVMe SSD, PCIe Gen4 x4, 1 DWPD\n"},
       {{odd, "LogName=MarketingDescription", maker[0], maker[1]},
        "Marketing Description Log\n  Marketing String: T2\\x01\\x1F \"Q\" \\ \\x7F<&>\n"},
+      // The drive's own logs, of any maker.
+      {{nvmeImage, "LogName=SmartHealthInfo", "NamespaceId=1"},
+       "SMART / Health Information Log (Log ID = 2)\n  Namespace: 1\n"
+       "  Critical Warning [Byte 00]: 0x00\n"},
+      {{wornImage, "LogName=smarthealthinfo"},
+       "SMART / Health Information Log (Log ID = 2)\n  Namespace: All (controller-wide)\n"
+       "  Critical Warning [Byte 00]: 0x05\n    Available Spare Below Threshold [Bit 0]: 1\n"},
+      {{nvmeImage, "LogName=ErrorInfo"},
+       "Error Information Log (Log ID = 1)\n  Entries Not in Use: 62\n"
+       "  Error Information Entry 1\n    Error Count [Bytes 07:00]: 2\n"},
+      {{nvmeImage, "LogName=FirmwareSlotInfo"},
+       "Firmware Slot Information Log (Log ID = 3)\n  Active Firmware Info [Byte 00]: 0x02\n"},
+      {{wornImage, "LogName=DeviceSelfTestLog"},
+       "Device Self-test Log (Log ID = 6)\n  Results Not in Use: 18\n"},
+      // A SATA drive's own logs.
+      {{sataImage, "LogName=SmartAttributes"},
+       "SMART Attributes\n  SMART Overall Health: PASSED\n  Attribute 1 (0x01)\n"
+       "    Name: Raw Read Error Rate\n"},
+      {{sataImage + "-failing", "LogName=smartattributes"},
+       "SMART Attributes\n  SMART Overall Health: FAILED (a threshold is exceeded)\n"},
+      {{sataImage, "LogName=DeviceStatistics"},
+       "Device Statistics (Log 04h)\n  Supported Pages: 0, 1, 5, 7\n"
+       "  General Statistics (Page 1)\n    Lifetime Power-On Resets: 418\n"},
   };
   for (const auto& c : cases) {
     Words words = {"show", "-ssd"};

@@ -7,7 +7,7 @@
 #include <set>
 #include <string>
 
-#include "devices/AtaProtocolResult.h"
+#include "orlo/commands/ata/Completion.h"
 #include "devices/DeviceImage.h"
 #include "devices/ImageCapture.h"
 #include "devices/NvmeProtocolResult.h"
@@ -153,12 +153,16 @@ TEST(ReplayDevice, CaptureOfAReplayedDriveReplaysAlike) {
   }
 }
 
-TEST(ImageCapture, AsksTheVendorLogWithTheIndexOfTheVendorGUID) {
+TEST(ImageCapture, AsksEachLogPageWithItsIndexLengthAndNamespaces) {
   orlo::core::Payload uuids(4096);  // the reversed vendor GUID as third entry: index 3
   const auto& guid = orlo::features::uuid::VendorGUIDReversed;
   for (int entry = 0; entry < 3; ++entry) uuids[32 * (entry + 1) + 16] = 0x11;
   std::copy(guid.begin(), guid.end(), uuids.data() + 32 * 3 + 16);
   orlo::test::FakeDevice drive;
+  // Four error log entries, and SMART / Health Information per namespace.
+  orlo::core::writeUInt8(drive.attributes, properties::errorLogPageEntries(), 3);
+  orlo::core::writeUInt8(drive.attributes, properties::smartPerNamespace(), 1);
+  orlo::core::writeUInt32(drive.attributes, properties::namespaceId(), 7);
   drive.answer(orlo::test::FakeDevice::nvme([](const orlo::commands::nvme::Command& command) {
                  return command.submissionEntry.bytes[0] == 6 &&
                         command.submissionEntry.dword(10) == 23;
@@ -167,12 +171,23 @@ TEST(ImageCapture, AsksTheVendorLogWithTheIndexOfTheVendorGUID) {
   orlo::testing::ScratchDirectory image;
   EXPECT_EQ(orlo::devices::captureImage(drive, image.path().string()), Status::success());
 
-  std::map<uint32_t, uint32_t> uuidIndexOfLog;
+  // Log and namespace, to UUID index and bytes.
+  std::map<std::pair<uint32_t, uint32_t>, std::pair<uint32_t, uint64_t>> logs;
   for (std::size_t i = 0; i < drive.sent.size(); ++i) {
-    const auto& entry = drive.sentNvme(i).submissionEntry;
-    if (entry.bytes[0] == 2) uuidIndexOfLog[entry.dword(10) & 0xFF] = entry.dword(14);
+    const auto& command = drive.sentNvme(i);
+    const auto& entry = command.submissionEntry;
+    if (entry.bytes[0] != 2) continue;
+    logs[{entry.dword(10) & 0xFF, entry.dword(1)}] = {entry.dword(14), command.transferBytes};
+    EXPECT_EQ((entry.dword(10) >> 16) + 1, command.transferBytes / 4);
   }
-  EXPECT_EQ(uuidIndexOfLog, (std::map<uint32_t, uint32_t>{{5, 0}, {221, 3}}));
+  const uint32_t all = 0xFFFFFFFF;
+  EXPECT_EQ(logs, (decltype(logs){{{1, all}, {0, 256}},
+                                  {{2, all}, {0, 512}},
+                                  {{2, 7}, {0, 512}},
+                                  {{3, all}, {0, 512}},
+                                  {{5, all}, {0, 4096}},
+                                  {{6, all}, {0, 564}},
+                                  {{221, all}, {3, 512}}}));
 }
 
 TEST(ImageCapture, RecordsAllocatedNamespacesThatNoControllerHasAttached) {
@@ -217,7 +232,7 @@ TEST(ImageCapture, KeepsTheCompletionsThatTheDriveRefusedWith) {
               refusedWith(std::make_shared<orlo::devices::NvmeProtocolResult>(0x400B, 7)));
   orlo::test::FakeDevice ata({"ATA"});
   ata.answer("CheckPowerMode",
-             refusedWith(std::make_shared<orlo::devices::AtaProtocolResult>(fault)));
+             refusedWith(std::make_shared<orlo::commands::ata::Completion>(fault)));
   // Both drives' other commands fail in the host, without a completion to keep.
   const struct {
     orlo::test::FakeDevice& drive;

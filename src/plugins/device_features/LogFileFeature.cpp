@@ -18,7 +18,9 @@ orlo::core::AttributeCollection LogFileFeature::requiredAttributes() {
 }
 
 orlo::core::AttributeCollection LogFileFeature::optionalAttributes() {
-  return {};
+  orlo::core::AttributeCollection optional;
+  optional.add(orlo::core::properties::namespaceId());
+  return optional;
 }
 
 orlo::core::Status LogFileFeature::run() {

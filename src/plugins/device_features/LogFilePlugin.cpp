@@ -18,6 +18,7 @@ LogFilePlugin::LogFilePlugin()
   spec->targets.add(std::make_shared<CommandSpecPart>(ssdTargetRequiredValue));
   addFeatureProperties(*spec);
   describeProperty(*spec, orlo::core::properties::logName(), logNameValues, logNameHelp);
+  describeProperty(*spec, orlo::core::properties::namespaceId(), "NSID", logNamespaceHelp);
   describeProperty(*spec, orlo::core::properties::file(), "path",
                    "File to write the log page to; an existing file is replaced.");
   commandSpecs.push_back(spec);

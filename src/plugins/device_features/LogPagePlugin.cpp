@@ -11,11 +11,12 @@ namespace plugin::cli {
 
 LogPagePlugin::LogPagePlugin() : TreePlugin("LogPagePlugin", std::make_unique<LogPageFeature>()) {
   auto spec = std::make_shared<CommandSpec>(
-      0, "LogPage", "Show a log page of an NVMe drive, decoded.", verbs::show);
+      0, "LogPage", "Show a log page of an NVMe or ATA drive, decoded.", verbs::show);
   spec->addOption(helpOption);
   spec->targets.add(std::make_shared<CommandSpecPart>(ssdTargetRequiredValue));
   addFeatureProperties(*spec);
-  describeProperty(*spec, orlo::core::properties::logName(), logNameValues, logNameHelp);
+  describeProperty(*spec, orlo::core::properties::logName(), logPageNameValues, logPageNameHelp);
+  describeProperty(*spec, orlo::core::properties::namespaceId(), "NSID", logNamespaceHelp);
   commandSpecs.push_back(spec);
 }
 
