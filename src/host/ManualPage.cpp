@@ -161,7 +161,7 @@ std::string writeManualPage(const plugin::cli::CommandSpecs& specs, const std::s
             "incident-report archive. orlo puts this folder first on PATH before a command runs.");
   writeItem(out, bold(data + "/samples"), "A sample incident report and a file to add to it.");
   writeItem(out, bold(data + "/images"),
-            "Device images of two invented drives, an NVMe one and a SATA one, which -ssd takes "
+            "Device images of four invented drives, two NVMe and two SATA, which -ssd takes "
             "in place of a drive.");
   out << ".SH EXAMPLES\n";
   writeVerbatim(out, {
