@@ -71,9 +71,13 @@ bool isSafeEntryName(const std::string& name) {
 
 std::u32string foldCase(const std::string& name) {
   // Lower-casing beyond ASCII needs a Unicode character table whatever the
-  // user's locale is; without one, towlower_l still folds ASCII.
+  // user's locale is. A system without the C.UTF-8 locale files (a minimal root,
+  // an initramfs) has only the built-in "C" locale, which still folds ASCII;
+  // towlower_l must be given a real locale object, never LC_GLOBAL_LOCALE.
   static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(0));
-  static const locale_t table = unicode != static_cast<locale_t>(0) ? unicode : LC_GLOBAL_LOCALE;
+  static const locale_t table = unicode != static_cast<locale_t>(0)
+                                    ? unicode
+                                    : newlocale(LC_CTYPE_MASK, "C", static_cast<locale_t>(0));
   std::u32string folded;
   char32_t codePoint = 0;
   for (std::size_t at = 0, length = 0; at < name.size(); at += length) {
