@@ -6,8 +6,11 @@
 # disk, runs the installed orlo against both and compares what it decodes with
 # what the VM's sysfs and the emulator's settings say of them: serial number,
 # model, firmware and version, the drive list, and a captured device image played
-# back, refusals included. The SATA disk's model and firmware are longer than the
-# SCSI inquiry's 16 and 4 characters, so that only the drive's own strings match.
+# back, refusals included; then each drive's health summary and log pages, its
+# temperature next to hwmon's, an incident report of both drives played back from
+# inside the archive, and the fleet metrics. The SATA disk's model and firmware are
+# longer than the SCSI inquiry's 16 and 4 characters, so that only the drive's own
+# strings match.
 # Needs scripts/setup-qemu.sh once. Prints the drives' answers and the time it took.
 #
 #   bash scripts/qemu-check.sh            build in build-qemu, then boot
@@ -76,6 +79,8 @@ add_module() {
   [[ " ${order[*]-} " == *" $file "* ]] || order+=("$file")
 }
 for module in scsi_common sd_mod ahci nvme; do add_module "$module"; done
+# SATA disks' temperature in hwmon, where the kernel has the module.
+modinfo -k "$kernel_version" drivetemp >/dev/null 2>&1 && add_module drivetemp
 for file in "${order[@]}"; do
   cp "$file" "$root/modules/"
   basename "$file" >>"$root/modules/order"
@@ -220,6 +225,58 @@ refused=$("$orlo" show -ssd /dev/nvme0 NamespaceId=0; echo "exit $?")
 echo "-- orlo show -ssd /dev/nvme0 NamespaceId=0: $refused"
 same replay-refusal "$("$orlo" show -ssd /tmp/image-nvme0 NamespaceId=0; echo "exit $?")" "$refused"
 holds refusal-exit "$refused" "exit 1"
+
+# Health: the summary and the pages it reads, for each drive, with the temperature next to
+# what hwmon reads (millidegrees, rounded to degrees as the drive's whole degrees are).
+named() {
+  awk -v want="$1" '
+    /^ *"name": / { n = $0; sub(/^ *"name": "/, "", n); sub(/",?$/, "", n) }
+    /^ *"value": / && n == want { v = $0; sub(/^ *"value": "/, "", v); sub(/",?$/, "", v); print v; exit }'
+}
+hwmon_celsius() {
+  for sensor in /sys/class/hwmon/hwmon*; do
+    [ "$(cat "$sensor/name")" = "$1" ] && [ -r "$sensor/temp1_input" ] || continue
+    echo "$((($(cat "$sensor/temp1_input") + 500) / 1000)) °C"
+    return
+  done
+}
+for node in /dev/nvme0 /dev/sda; do
+  log=SmartHealthInfo sensor=nvme; [ "$node" = /dev/sda ] && log=SmartAttributes sensor=drivetemp
+  echo "-- orlo health -ssd $node"; "$orlo" health -ssd "$node"
+  same "health-exit-$node" "$?" 0
+  echo "-- orlo show -ssd $node LogName=$log"; "$orlo" show -ssd "$node" LogName=$log | head -40
+  summary=$("$orlo" health -ssd "$node" -output json)
+  same "health-verdict-$node" "$(echo "$summary" | named Verdict)" Healthy
+  celsius=$(hwmon_celsius $sensor)
+  if [ -n "$celsius" ]; then
+    same "health-temperature-$node-hwmon" "$(echo "$summary" | named Temperature)" "$celsius"
+  else
+    echo "-- no $sensor temperature in hwmon for $node"
+  fi
+  image=/tmp/image-${node#/dev/}
+  same "health-replay-$node" "$("$orlo" health -ssd "$image" -output json | md5sum)" "$(echo "$summary" | md5sum)"
+done
+
+# An incident report of both drives, and each drive played back from inside it, chosen by
+# its serial number, in every format.
+"$orlo" report -destination /tmp/ir.zip
+same report-exit "$?" 0
+for node in /dev/nvme0 /dev/sda; do
+  serial=$sata_serial structure=
+  [ "$node" = /dev/nvme0 ] && serial=$(trim <$nvme/serial) structure=ControllerNamespaceStructure=1
+  for format in text json xml csv; do
+    same "report-replay-$node-$format" "$("$orlo" show -ssd "/tmp/ir.zip:$serial" $structure -output $format | md5sum)" \
+      "$("$orlo" show -ssd "$node" $structure -output $format | md5sum)"
+  done
+  same "report-health-$node" "$("$orlo" health -ssd "/tmp/ir.zip:$serial" | md5sum)" "$("$orlo" health -ssd "$node" | md5sum)"
+done
+
+# Fleet metrics: both drives up, each with its serial number.
+metrics=$("$orlo" metrics)
+echo "-- orlo metrics"; echo "$metrics" | grep -v '^#'
+same metrics-drives-up "$(echo "$metrics" | grep -c '^orlo_drive_up{.*} 1$')" 2
+holds metrics-nvme "$metrics" "serial=\"$(trim <$nvme/serial)\""
+holds metrics-sata "$metrics" "serial=\"$sata_serial\""
 echo "failures=$failures"
 SH
 
