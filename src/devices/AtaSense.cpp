@@ -71,8 +71,8 @@ std::optional<commands::ata::TaskFile> ataRegistersFromSense(const uint8_t* sens
   return std::nullopt;
 }
 
-AtaOutcome ataOutcome(const SgIoCompletion& completion) {
-  AtaOutcome outcome;
+DriveReply ataOutcome(const SgIoCompletion& completion) {
+  DriveReply outcome;
   const auto registers = ataRegistersFromSense(completion.sense, completion.senseLength);
   if (registers) {
     commands::ata::Completion result(*registers);

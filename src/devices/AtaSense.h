@@ -2,12 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 
+#include "devices/SendRecord.h"
 #include "orlo/commands/ata/TaskFile.h"
-#include "orlo/core/ProtocolResult.h"
-#include "orlo/core/Status.h"
 
 namespace orlo::devices {
 
@@ -28,14 +26,9 @@ struct SgIoCompletion {
   std::size_t senseLength = 0;
 };
 
-struct AtaOutcome {
-  core::Status status = core::Status::success();
-  // The completion registers, when the sense data held them.
-  std::unique_ptr<core::ProtocolResult> protocolResult;
-};
-
-// The ATA status and error registers decide, when the sense data has them;
-// otherwise a command succeeded if SCSI, host and driver all report no problem.
-AtaOutcome ataOutcome(const SgIoCompletion& completion);
+// The ATA status and error registers decide, when the sense data has them, and are
+// the reply's protocol result; otherwise a command succeeded if SCSI, host and
+// driver all report no problem.
+DriveReply ataOutcome(const SgIoCompletion& completion);
 
 }  // namespace orlo::devices

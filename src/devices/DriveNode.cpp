@@ -1,23 +1,32 @@
 #include "devices/DriveNode.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace orlo::devices {
 
 DriveNode::~DriveNode() {
-  if (descriptor_ >= 0) ::close(descriptor_);
+  close();
 }
 
-core::Status DriveNode::open(const std::string& path) {
-  if (descriptor_ >= 0) ::close(descriptor_);
+core::Status DriveNode::open(const std::string& path, std::shared_ptr<KernelCalls> kernel) {
+  close();
+  kernel_ = std::move(kernel);
   path_ = path;
-  descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor_ < 0) return nodeFailure(core::Status::openFileFailed(), "open", path, errno);
+  const int descriptor = kernel_->open(path);
+  if (descriptor < 0) return nodeFailure(core::Status::openFileFailed(), "open", path, -descriptor);
+  descriptor_ = descriptor;
   return core::Status::success();
+}
+
+int DriveNode::ioctl(unsigned long request, void* argument) const {
+  return kernel_->ioctl(descriptor_, request, argument);
+}
+
+void DriveNode::close() {
+  if (descriptor_ >= 0) kernel_->close(descriptor_);
+  descriptor_ = -1;
 }
 
 core::Status nodeFailure(core::Status failed, const std::string& action, const std::string& path,

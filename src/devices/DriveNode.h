@@ -1,12 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "devices/KernelCalls.h"
 #include "orlo/core/Status.h"
 
 namespace orlo::devices {
 
-// An open device node (/dev/nvme0, /dev/nvme0n1, /dev/sda), closed with the object.
+// An open device node (/dev/nvme0, /dev/nvme0n1, /dev/sda), reached through the
+// kernel calls it was opened with and closed with the object.
 class DriveNode {
  public:
   DriveNode() = default;
@@ -15,12 +18,16 @@ class DriveNode {
   ~DriveNode();
 
   // Opens the node for reading; a failure says why, in words for the user.
-  core::Status open(const std::string& path);
+  core::Status open(const std::string& path, std::shared_ptr<KernelCalls> kernel);
 
-  int descriptor() const { return descriptor_; }
+  // The ioctl's result, or the error number negated.
+  int ioctl(unsigned long request, void* argument) const;
   const std::string& path() const { return path_; }
 
  private:
+  void close();
+
+  std::shared_ptr<KernelCalls> kernel_;
   int descriptor_ = -1;
   std::string path_;
 };

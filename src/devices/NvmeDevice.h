@@ -4,6 +4,7 @@
 #include <string>
 
 #include "devices/DriveNode.h"
+#include "devices/KernelCalls.h"
 #include "devices/VendorList.h"
 #include "orlo/core/Device.h"
 
@@ -16,10 +17,11 @@ namespace orlo::devices {
 // the caller's buffer.
 class NvmeDevice : public core::Device {
  public:
-  // Opens the node, asks Identify Controller for the attributes, and for a
-  // namespace node sets NamespaceId to its namespace.
+  // Opens the node through `kernel`, asks Identify Controller for the attributes,
+  // and for a namespace node sets NamespaceId to its namespace.
   static core::Status open(const std::string& path, const VendorList& makers,
-                           std::shared_ptr<NvmeDevice>& device);
+                           std::shared_ptr<NvmeDevice>& device,
+                           std::shared_ptr<KernelCalls> kernel = systemCalls());
 
   bool supportsProtocol(std::string protocol) override;
   core::CommandRecord send(core::Command& command, const core::Payload& dataOut) override;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "devices/DriveNode.h"
+#include "devices/KernelCalls.h"
 #include "orlo/core/Device.h"
 
 namespace orlo::devices {
@@ -14,8 +15,9 @@ namespace orlo::devices {
 // sense data decide the outcome; the record's protocol result holds them.
 class SataDevice : public core::Device {
  public:
-  // Opens the node and asks IDENTIFY DEVICE for the attributes.
-  static core::Status open(const std::string& path, std::shared_ptr<SataDevice>& device);
+  // Opens the node through `kernel` and asks IDENTIFY DEVICE for the attributes.
+  static core::Status open(const std::string& path, std::shared_ptr<SataDevice>& device,
+                           std::shared_ptr<KernelCalls> kernel = systemCalls());
 
   bool supportsProtocol(std::string protocol) override;
   core::CommandRecord send(core::Command& command, const core::Payload& dataOut) override;
