@@ -9,7 +9,6 @@
 #include "devices/NvmePassThrough.h"
 #include "devices/NvmeStatusText.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
-#include "orlo/commands/ata/Completion.h"
 #include "orlo/commands/ata/IdentifyDevice.h"
 #include "orlo/commands/ata/ReadDMA.h"
 #include "orlo/commands/ata/ReadLogExt.h"
@@ -17,9 +16,6 @@
 #include "orlo/commands/nvme/GetLogPage.h"
 
 namespace {
-
-using orlo::core::Status;
-using orlo::devices::SgIoCompletion;
 
 TEST(NvmeStatusText, NamesGenericAndCommandSpecificStatuses) {
   const std::pair<uint16_t, std::string> cases[] = {
@@ -127,62 +123,6 @@ TEST(AtaSense, RegistersComeFromDescriptorOrFixedSense) {
   EXPECT_FALSE(orlo::devices::ataRegistersFromSense(noRegisters.data(), noRegisters.size()));
   const std::vector<uint8_t> truncated(descriptor.begin(), descriptor.begin() + 15);
   EXPECT_FALSE(orlo::devices::ataRegistersFromSense(truncated.data(), truncated.size()));
-}
-
-TEST(AtaSense, StatusAndErrorDecideTheOutcome) {
-  const auto good = descriptorSense(0x01, 0x00, 0x50, 0xFF);
-  const auto aborted = descriptorSense(0x0B, 0x04, 0x51, 0x00);
-  const auto fault = descriptorSense(0x0B, 0x00, 0x71, 0x00);
-  const std::vector<uint8_t> illegal = {0x70, 0, 0x05, 0, 0, 0, 0, 10, 0, 0, 0, 0, 0x20, 0x00};
-  struct Case {
-    SgIoCompletion completion;
-    Status expected;
-    std::string message;
-    bool registers;
-  };
-  const Case cases[] = {
-      {{0, 0, 0, nullptr, 0}, Status::success(), "", false},
-      {{2, 0, 8, good.data(), good.size()}, Status::success(), "", true},
-      {{2, 0, 8, aborted.data(), aborted.size()},
-       Status::retrieveDataFailed(),
-       "ATA command reported a problem: Aborted Command (Status 0x51, Error 0x04).",
-       true},
-      {{2, 0, 8, fault.data(), fault.size()},
-       Status::retrieveDataFailed(),
-       "ATA command reported a problem: Device Fault (Status 0x71, Error 0x00).",
-       true},
-      {{2, 0, 8, illegal.data(), illegal.size()},
-       Status::retrieveDataFailed(),
-       "The drive did not take the ATA pass-through command (SCSI status 0x02, host 0x00, "
-       "driver 0x08, sense key 0x05, ASC 0x20, ASCQ 0x00).",
-       false},
-      {{0, 0x03, 0, nullptr, 0},
-       Status::retrieveDataFailed(),
-       "The drive did not take the ATA pass-through command (SCSI status 0x00, host 0x03, "
-       "driver 0x00).",
-       false},
-  };
-  for (const Case& c : cases) {
-    const auto outcome = orlo::devices::ataOutcome(c.completion);
-    EXPECT_EQ(outcome.status, c.expected) << c.message;
-    if (!c.message.empty()) {
-      EXPECT_EQ(outcome.status.message(), c.message);
-    }
-    EXPECT_EQ(outcome.protocolResult != nullptr, c.registers) << c.message;
-  }
-
-  // SMART RETURN STATUS answers in LBA Mid and High of a completion without error: the
-  // registers reach the caller with the success.
-  auto exceeded = descriptorSense(0x01, 0x00, 0x50, 0x00);
-  exceeded[8 + 9] = 0xF4;
-  exceeded[8 + 11] = 0x2C;
-  const auto outcome = orlo::devices::ataOutcome({2, 0, 8, exceeded.data(), exceeded.size()});
-  EXPECT_EQ(outcome.status, Status::success());
-  const auto* completion =
-      dynamic_cast<const orlo::commands::ata::Completion*>(outcome.protocolResult.get());
-  ASSERT_NE(completion, nullptr);
-  EXPECT_EQ(completion->registers.lbaMid, 0xF4);
-  EXPECT_EQ(completion->registers.lbaHigh, 0x2C);
 }
 
 }  // namespace
