@@ -11,7 +11,7 @@ packages=(
 case "${1:-}" in
   "") ;;
   --tests) packages+=(zip python3 clang libclang-rt-14-dev libgtest-dev libgmock-dev googletest
-                      libbenchmark-dev prometheus prometheus-node-exporter curl) ;;
+                      libbenchmark-dev prometheus prometheus-node-exporter curl python3-jsonschema) ;;
   *) echo "usage: scripts/setup.sh [--tests]" >&2; exit 2 ;;
 esac
 

@@ -24,7 +24,8 @@ const std::string makerVendorsFlag = "-maker-vendors";
 const std::string makerVendorsFileFlag = "-maker-vendors-file";
 
 const std::vector<std::string> formats = {plugin::cli::formats::text, plugin::cli::formats::json,
-                                          plugin::cli::formats::xml, plugin::cli::formats::csv};
+                                          plugin::cli::formats::jsonTree, plugin::cli::formats::xml,
+                                          plugin::cli::formats::csv};
 
 bool isHostFlag(const std::string& word) {
   return iequals(word, outputFlag) || iequals(word, pluginDirFlag) || iequals(word, logFileFlag) ||
@@ -77,7 +78,8 @@ std::optional<std::string> apply(const std::string& flag, const std::string& val
     const auto format = std::find_if(formats.begin(), formats.end(),
                                      [&](const auto& known) { return iequals(known, value); });
     if (format == formats.end()) {
-      return "Option -output expects 'text', 'json', 'xml', or 'csv', not '" + value + "'.";
+      return "Option -output expects 'text', 'json', 'jsontree', 'xml', or 'csv', not '" + value +
+             "'.";
     }
     settings.outputFormat = *format;
     settings.outputGiven = true;
@@ -88,7 +90,8 @@ std::optional<std::string> apply(const std::string& flag, const std::string& val
 }  // namespace
 
 const std::vector<HostFlag> hostFlags = {
-    {"-output", "text|json|xml|csv", "Format of the result (default text)."},
+    {"-output", "text|json|jsontree|xml|csv",
+     "Format of the result (default text); jsontree is JSON of the labelled elements."},
     {"-plugin-dir", "path", "Folder of the plug-ins (default PREFIX/lib/orlo/plugins)."},
     {"-log-file", "path", "Append a log to this file (default: no log)."},
     {"-maker-vendors", "ids",
@@ -118,7 +121,8 @@ std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSe
 
 bool asksForJson(const std::vector<std::string>& words) {
   for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-    if (iequals(words[i], outputFlag) && iequals(words[i + 1], plugin::cli::formats::json)) {
+    if (iequals(words[i], outputFlag) && (iequals(words[i + 1], plugin::cli::formats::json) ||
+                                          iequals(words[i + 1], plugin::cli::formats::jsonTree))) {
       return true;
     }
   }

@@ -10,7 +10,7 @@
 namespace orlo::host {
 
 // The host's own flags, which may stand anywhere on the command line:
-//   -output text|json|xml|csv   the format of the result (text when absent)
+//   -output text|json|jsontree|xml|csv   the format of the result (text when absent)
 //   -plugin-dir <path>          the folder whose libraries are loaded as plug-ins
 //   -log-file <path>            switch logging on and append it to this file
 //   -maker-vendors <ids>        PCI vendor IDs whose drives are the maker's own
@@ -38,8 +38,8 @@ extern const std::vector<HostFlag> hostFlags;
 // vendor, or a log file that cannot be appended to.
 std::optional<std::string> takeHostFlags(std::vector<std::string>& words, HostSettings& settings);
 
-// Whether `words` hold "-output json" (in any case), for a refusal of the host's flags
-// that came before "-output" was read.
+// Whether `words` hold "-output json" or "jsontree" (in any case), for a refusal of the host's
+// flags that came before "-output" was read.
 bool asksForJson(const std::vector<std::string>& words);
 
 }  // namespace orlo::host

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/ExitCode.h"
+#include "orlo/core/xml/XmlObject.h"
 #include "plugins/plugin.cliframework/ResultBase.h"
 
 namespace orlo::host {
@@ -21,6 +22,11 @@ namespace orlo::host {
 // both are written here as JSON has them.
 std::string jsonDocument(const plugin::cli::ResultBase& result,
                          const std::vector<std::string>& printed);
+
+// The keyed form of a decoded tree, which scripts read by key (see Keyed in XmlElement.h):
+// an object of the root's keyed children, with "Output" as above.
+std::string keyedDocument(const core::xml::XmlObject& tree,
+                          const std::vector<std::string>& printed);
 
 std::string jsonFailure(const std::string& message, ExitCode code,
                         const std::vector<std::string>& printed);

@@ -37,7 +37,7 @@ int exitWith(ExitCode code) {
 }
 
 bool wantsJson(const HostSettings& settings) {
-  return settings.outputFormat == plugin::cli::formats::json;
+  return isJson(settings.outputFormat);
 }
 
 // Writes `text` on the standard output and gives `code`. Output that does not get there
@@ -68,9 +68,7 @@ int fail(const std::string& message, ExitCode code, bool json,
 
 int answer(const plugin::cli::ResultBase& result, const HostSettings& settings,
            const std::vector<std::string>& printed = {}) {
-  return emit(
-      wantsJson(settings) ? jsonDocument(result, printed) : render(result, settings.outputFormat),
-      exitCodeFor(result));
+  return emit(render(result, settings.outputFormat, printed), exitCodeFor(result));
 }
 
 // Everything a plug-in hands back is gone when this returns, before the plug-ins
@@ -94,12 +92,13 @@ int runCommandLine(const plugin::cli::PluginRegistry& registry, const HostSettin
   if (isHostCommand(*choice.spec)) {
     return answer(*runHostCommand(*choice.spec, choice.command, settings.drives), settings);
   }
-  // "-output" is the host's; a command that declares it checks its value as well.
+  // "-output" is the host's; a command that declares it checks its value as well, and
+  // knows both JSON forms as "json".
   if (settings.outputGiven && choice.spec->options.contains(plugin::cli::outputOption.name)) {
     auto output = std::make_shared<plugin::cli::ParsedArgument>();
     output->kind = plugin::cli::CommandSpecPart::optionKind;
     output->name = plugin::cli::outputOption.name;
-    output->value = settings.outputFormat;
+    output->value = wantsJson(settings) ? plugin::cli::formats::json : settings.outputFormat;
     choice.command.options.add(output);
   }
   DriveSelection drive;

@@ -97,11 +97,34 @@ TEST(Xml, EmptinessCountsLists) {
   EXPECT_FALSE(object.isEmpty());
 }
 
+// A clone keeps the keyed form, which the XML never shows.
+TEST(Xml, KeysComeFromTheClosingAcronymOrTheWordsAndSurviveCloning) {
+  using orlo::core::xml::keyOf;
+  EXPECT_EQ(keyOf("PCI Vendor ID (VID)"), "vid");
+  EXPECT_EQ(keyOf("Power-on Hours (hours)"), "power_on_hours_hours");
+  EXPECT_EQ(keyOf("Support Command Effects Log Enhancements (TP 4071b)"),
+            "support_command_effects_log_enhancements_tp_4071b");
+  EXPECT_EQ(keyOf(" SMBus/I2C Port  "), "smbus_i2c_port");
+  EXPECT_EQ(keyOf("Temperature (\u00B0C)"), "temperature_c");
+  EXPECT_EQ(keyOf("Retired") + keyOf("Reserved for CFA") + keyOf("Obsolete"), "");
+  XmlObject object;
+  object.addProperty("Byte 0", "Serial Number", "S1").keyed() =
+      orlo::core::xml::Keyed::text("sn", "S1");
+  const auto copy = object.clone();
+  std::string written;
+  copy->write(written);
+  EXPECT_EQ(
+      written,
+      "<Object><Property description=\"Serial Number\" name=\"Byte 0\" value=\"S1\"/></Object>");
+  EXPECT_EQ(dynamic_cast<XmlObject&>(*copy).properties().front()->keyed().value, "S1");
+}
+
 TEST(Xml, AttributeValuesAreWipedOnDestruction) {
   const std::string secret = "serial-number-0123456789-ABCDEFGHIJ";
   auto object = std::make_unique<XmlObject>();
   object->addProperty("serial", "", secret);
   object->attribute("value") = secret;
+  object->keyed() = orlo::core::xml::Keyed::text("sn", secret);
   gSecret = secret.c_str();
   object.reset();
   gSecret = nullptr;

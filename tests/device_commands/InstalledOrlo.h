@@ -29,11 +29,11 @@ class InstalledOrlo : public ::testing::Test {
   }
 
   // The command's text, after checking that it ends with `exitCode` in all four formats, that
-  // `python3 -m json.tool` takes its JSON, and that its JSON, XML and CSV hold what
+  // `python3 -m json.tool` takes its labelled JSON, and that its JSON, XML and CSV hold what
   // its text holds.
   std::string inFourFormats(const Words& words, int exitCode = 0) const {
     std::vector<std::string> files;
-    for (const std::string format : {"text", "json", "xml", "csv"}) {
+    for (const std::string format : {"text", "jsontree", "xml", "csv"}) {
       Words formatted = words;
       formatted.insert(formatted.end(), {"-output", format});
       const Invocation run = orlo(formatted);

@@ -127,7 +127,7 @@ TEST_F(Completion, OffersWhatTheCommandLineTakesAtEachPlace) {
       // bash splits the word at "=": only the value is replaced.
       {"orlo show -ssd 0 logname=m", "MarketingDescription\n"},
       {"orlo show -ssd 0 LogName=CommandEffectsLog ", "-help\n-h\n"},
-      {"orlo -output ", "text\njson\nxml\ncsv\n"},
+      {"orlo -output ", "text\njson\njsontree\nxml\ncsv\n"},
       {"orlo -output json up", "update\n"},
       {"orlo update -source n", "note.txt\n"},
       {"orlo update -source note.txt -",

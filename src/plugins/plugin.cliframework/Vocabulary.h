@@ -25,6 +25,8 @@ namespace formats {
 const std::string text = "text";
 const std::string xml = "xml";
 const std::string json = "json";
+// JSON of the labelled elements, as the text and the CSV show them.
+const std::string jsonTree = "jsontree";
 const std::string csv = "csv";
 }  // namespace formats
 

@@ -1,6 +1,7 @@
 #include "orlo/core/xml/XmlElement.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstring>
 
 namespace orlo::core::xml {
@@ -76,10 +77,52 @@ char* writeEscaped(char* at, std::string_view value) {
 
 }  // namespace
 
+Keyed Keyed::number(std::string key, uint64_t number) {
+  return Keyed{std::move(key), Kind::kNumber, std::to_string(number)};
+}
+
+Keyed Keyed::text(std::string key, std::string text) {
+  return Keyed{std::move(key), Kind::kText, std::move(text)};
+}
+
+Keyed Keyed::object(std::string key) {
+  return Keyed{std::move(key), Kind::kObject, ""};
+}
+
+std::string keyOf(std::string_view label) {
+  if (label.substr(0, 8) == "Reserved" || label == "Retired" || label == "Obsolete") return "";
+  const auto alnum = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
+  const auto acronymic = [](char c) {
+    return std::isupper(static_cast<unsigned char>(c)) != 0 ||
+           std::isdigit(static_cast<unsigned char>(c)) != 0;
+  };
+  const std::size_t open = label.rfind('(');
+  if (!label.empty() && label.back() == ')' && open != std::string_view::npos) {
+    const std::string_view inner = label.substr(open + 1, label.size() - open - 2);
+    if (!inner.empty() && std::all_of(inner.begin(), inner.end(), acronymic)) label = inner;
+  }
+  std::string key;
+  for (const char c : label) {
+    if (alnum(c)) {
+      if (!key.empty() && key.back() == ' ') key.back() = '_';
+      key += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    } else if (!key.empty() && key.back() != ' ') {
+      key += ' ';
+    }
+  }
+  if (!key.empty() && key.back() == ' ') key.pop_back();
+  return key;
+}
+
+Keyed Keyed::entryObject(std::string key) {
+  return Keyed{std::move(key), Kind::kObject, "", true};
+}
+
 XmlElement::XmlElement(std::string name) : name_(std::move(name)) {}
 
 XmlElement::~XmlElement() {
   for (auto& entry : attributes_) explicit_bzero(entry.second.data(), entry.second.size());
+  explicit_bzero(keyed_.value.data(), keyed_.value.size());
 }
 
 XmlElementList XmlElement::find(std::string elementName, std::string attributeKey,
@@ -136,6 +179,7 @@ void XmlElement::copyAttributes(const XmlElement& other) {
     const auto at = position(attributes_, key);
     if (at == attributes_.end() || at->first != key) attributes_.emplace(at, key, value);
   }
+  keyed_ = other.keyed_;
 }
 
 std::string escape(std::string value) {

@@ -16,6 +16,37 @@ using XmlElementList = std::vector<std::unique_ptr<XmlElement>>;
 // a handful, so a sorted vector beats a tree of nodes allocated one by one.
 using XmlAttributes = std::vector<std::pair<std::string, std::string>>;
 
+// How an element stands in the keyed JSON form that scripts read: under which key in its
+// parent's object, and as what. It is not an attribute, so the tree's XML and the
+// labelled forms never show it.
+//
+// An element without a key stands for its keyed children, which take its place in the
+// parent. An element with a key is an object of its keyed children, or a number or text;
+// a number or text that has keyed children is an object whose member `valueKey` ("value"
+// unless the decoder names another) holds it.
+// Entries (NSIDs, log entries, attributes) are gathered with the other entries of their
+// key into one array, however many there are.
+struct Keyed {
+  enum class Kind : uint8_t { kObject, kNumber, kText };
+  std::string key;
+  Kind kind = Kind::kObject;
+  std::string value;  // a number's decimal digits, or the text
+  bool entry = false;
+  const char* valueKey = "value";
+
+  static Keyed number(std::string key, uint64_t number);
+  static Keyed text(std::string key, std::string text);
+  static Keyed object(std::string key);
+  // An object that is one of the entries of `key`.
+  static Keyed entryObject(std::string key);
+};
+
+// The key of a label: the acronym that closes it in parentheses ("PCI Vendor ID (VID)"
+// gives "vid"; "(hours)" is no acronym), else its words and numbers in lower case joined by "_"
+// ("Power On Hours" gives "power_on_hours"). A label that starts with
+// "Reserved", and "Retired" and "Obsolete", have none.
+std::string keyOf(std::string_view label);
+
 // A node of the toolkit's output tree. Its data are string attributes, kept in key
 // order so that an element always prints them sorted. Attribute values may hold device
 // data, so they are zeroed before the element's memory is given back.
@@ -46,18 +77,22 @@ class XmlElement {
   std::string getAttribute(std::string_view key) const;
   std::string name() const { return name_; }
   const XmlAttributes& attributes() const { return attributes_; }
+  Keyed& keyed() { return keyed_; }
+  const Keyed& keyed() const { return keyed_; }
 
  protected:
   // Writes "<", `name`, ` key="escaped value"` for every attribute in key order, and `end`.
   void writeStartTag(std::string& out, std::string_view name, std::string_view end) const;
   // How many characters writeStartTag appends if no value needs escaping.
   size_t plainStartTagSize(std::string_view name, std::string_view end) const;
-  // Inserts each attribute of `other` whose key is not yet present.
+  // Inserts each attribute of `other` whose key is not yet present, and takes its keyed
+  // form.
   void copyAttributes(const XmlElement& other);
 
  private:
   std::string name_;
   XmlAttributes attributes_;
+  Keyed keyed_;
 };
 
 // The value as it appears in an attribute. "&" is replaced after "<" and ">", so those

@@ -44,6 +44,17 @@ std::string shown(const StatisticValue& statistic, statistics::Reading reading) 
   return statistic.conditionMet ? text + " (monitored condition met)" : text;
 }
 
+// A valid statistic as its number, in the unit that the drive counts; an invalid one is
+// left out.
+core::xml::Keyed keyedOf(const statistics::StatisticRow& row, const StatisticValue& statistic) {
+  if (!statistic.valid) return {};
+  core::xml::Keyed keyed = core::xml::Keyed::number(core::xml::keyOf(row.name), statistic.value);
+  if (row.reading == statistics::Reading::celsius) {
+    keyed.value = std::to_string(static_cast<int8_t>(statistic.value));
+  }
+  return keyed;
+}
+
 }  // namespace
 
 std::optional<StatisticValue> readStatistic(const core::Payload& log,
@@ -78,10 +89,11 @@ std::unique_ptr<core::xml::XmlObject> decodeDeviceStatistics(const core::Payload
     if (!hasPage(log, page.page)) continue;
     auto child = std::make_unique<core::xml::XmlObject>();
     child->attribute("name") = std::string(page.name) + " (Page " + std::to_string(page.page) + ")";
+    child->keyed() = core::xml::Keyed::object(core::xml::keyOf(page.name));
     for (const statistics::StatisticRow& row : statistics::kStatisticRows) {
       if (row.statistic.page != page.page) continue;
       if (const auto value = readStatistic(log, row.statistic)) {
-        addNameValue(*child, row.name, shown(*value, row.reading));
+        addNameValue(*child, row.name, shown(*value, row.reading)).keyed() = keyedOf(row, *value);
       }
     }
     root->objects().push_back(std::move(child));

@@ -10,6 +10,8 @@ namespace orlo::features::ata_smart {
 
 namespace {
 
+using core::xml::Keyed;
+using core::xml::keyOf;
 using nvme_get_log::addNameValue;
 
 const char* verdictText(SmartVerdict verdict) {
@@ -61,17 +63,29 @@ std::unique_ptr<core::xml::XmlObject> decodeSmartAttributes(const core::Payload&
     auto child = std::make_unique<core::xml::XmlObject>();
     child->attribute("name") = "Attribute " + std::to_string(attribute.id) + " (0x" +
                                core::strings::toHex(attribute.id, 2) + ")";
+    // Keyed as the drive's tools key an attribute: its entry holds the id.
+    child->keyed() = Keyed::number("attributes", attribute.id);
+    child->keyed().entry = true;
+    child->keyed().valueKey = "id";
     const KnownAttribute* known = knownAttribute(attribute.id);
     addNameValue(*child, "Name", known != nullptr ? known->name : "Unknown");
-    addNameValue(*child, "Flags", "0x" + core::strings::toHex(attribute.flags, 4));
+    addNameValue(*child, "Flags", "0x" + core::strings::toHex(attribute.flags, 4)).keyed() =
+        Keyed::number("flags", attribute.flags);
     for (const FlagBit& bit : kFlagBits) {
-      addNameValue(*child, bit.name, (attribute.flags & bit.mask) != 0 ? "1" : "0");
+      const bool set = (attribute.flags & bit.mask) != 0;
+      addNameValue(*child, bit.name, set ? "1" : "0").keyed() = Keyed::number(keyOf(bit.name), set);
     }
-    addNameValue(*child, "Current", std::to_string(attribute.current));
-    addNameValue(*child, "Worst", std::to_string(attribute.worst));
-    addNameValue(*child, "Threshold",
-                 attribute.threshold ? std::to_string(*attribute.threshold) : "Not reported");
-    addNameValue(*child, rawLabel(known), std::to_string(attribute.rawValue()));
+    addNameValue(*child, "Current", std::to_string(attribute.current)).keyed() =
+        Keyed::number("value", attribute.current);
+    addNameValue(*child, "Worst", std::to_string(attribute.worst)).keyed() =
+        Keyed::number("worst", attribute.worst);
+    auto& threshold =
+        addNameValue(*child, "Threshold",
+                     attribute.threshold ? std::to_string(*attribute.threshold) : "Not reported");
+    threshold.keyed() =
+        attribute.threshold ? Keyed::number("thresh", *attribute.threshold) : Keyed{};
+    addNameValue(*child, rawLabel(known), std::to_string(attribute.rawValue())).keyed() =
+        Keyed::number("raw", attribute.rawValue());
     addNameValue(*child, "Raw Bytes", rawBytes(attribute));
     addNameValue(*child, "State", stateOf(attribute));
     root->objects().push_back(std::move(child));

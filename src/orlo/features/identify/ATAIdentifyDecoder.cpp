@@ -1,10 +1,13 @@
 #include "orlo/features/identify/ATAIdentifyDecoder.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 
 #include "orlo/commands/ata/Layout.h"
 #include "orlo/core/Strings.h"
+#include "orlo/core/xml/XmlObject.h"
+#include "orlo/core/xml/XmlProperty.h"
 #include "orlo/features/identify/ATAIdentifyTable.h"
 
 namespace orlo::features::identify::ata {
@@ -13,6 +16,8 @@ namespace {
 
 using orlo::core::AttributeCollection;
 using orlo::core::Payload;
+using orlo::core::xml::Keyed;
+using orlo::core::xml::keyOf;
 using orlo::core::xml::XmlObject;
 namespace strings = orlo::core::strings;
 
@@ -62,10 +67,41 @@ std::string valueOf(const Payload& payload, const WordRow& row,
   return {};
 }
 
-std::string fieldOf(uint16_t word, const BitItem& item) {
+// The key of a row: its description's, followed by its words where other rows share the
+// description ("capabilities_49", "capabilities_50").
+std::string rowKey(const WordRow& row) {
+  static const std::set<std::string> shared = [] {
+    std::set<std::string> seen;
+    std::set<std::string> twice;
+    for (const WordRow& other : identifyDeviceWords()) {
+      if (!seen.insert(other.description).second) twice.insert(other.description);
+    }
+    return twice;
+  }();
+  const std::string key = keyOf(row.description);
+  return shared.count(row.description) != 0 && !key.empty() ? keyOf(key + " " + row.words) : key;
+}
+
+// The row in the keyed form: a number for a word or a number of words, else its text.
+Keyed keyedOf(const Payload& payload, const WordRow& row, const std::string& shown) {
+  switch (row.value.form) {
+    case ValueForm::Word:
+      return Keyed::number(rowKey(row), wordAt(payload, row.first));
+    case ValueForm::U32:
+    case ValueForm::U64:
+      return Keyed::number(rowKey(row), numberOf(payload, row));
+    case ValueForm::WordsAscending:
+    case ValueForm::WordsDescending:
+    case ValueForm::Bytes:
+    case ValueForm::Device:
+      break;
+  }
+  return Keyed::text(rowKey(row), shown);
+}
+
+unsigned fieldOf(uint16_t word, const BitItem& item) {
   const unsigned width = item.high - item.low + 1;
-  const unsigned field = (word >> item.low) & ((1u << width) - 1);
-  return strings::toHex(field, item.digits);
+  return (word >> item.low) & ((1u << width) - 1);
 }
 
 }  // namespace
@@ -77,11 +113,14 @@ std::unique_ptr<XmlObject> decodeIdentifyDevice(const Payload& payload,
   root->attribute("name") = "ATA Identify Device";
   root->attribute("key") = root->getAttribute("name");
   for (const WordRow& row : identifyDeviceWords()) {
-    auto child = std::make_unique<XmlObject>("Word " + row.words, row.description,
-                                             valueOf(payload, row, deviceAttributes));
+    const std::string value = valueOf(payload, row, deviceAttributes);
+    auto child = std::make_unique<XmlObject>("Word " + row.words, row.description, value);
+    child->keyed() = keyedOf(payload, row, value);
     const uint16_t word = wordAt(payload, row.first);
     for (const BitItem& item : row.bits) {
-      child->addProperty("Bit " + item.bits, item.description, fieldOf(word, item));
+      const unsigned field = fieldOf(word, item);
+      child->addProperty("Bit " + item.bits, item.description, strings::toHex(field, item.digits))
+          .keyed() = Keyed::number(keyOf(item.description), field);
     }
     root->objects().push_back(std::move(child));
   }

@@ -6,6 +6,7 @@
 
 #include "orlo/core/Payload.h"
 #include "orlo/core/xml/XmlObject.h"
+#include "orlo/core/xml/XmlProperty.h"
 #include "orlo/features/identify/IdentifyValueForms.h"
 
 namespace orlo::features::identify::nvme::table {
@@ -62,6 +63,41 @@ std::string valueOf(const Row& row, const Source& source, const Bytes& enclosing
   return row.words->replacesValue ? word : formatted(row, source, bytes) + word;
 }
 
+core::xml::Keyed keyedOf(const Row& row, const Source& source, const Bytes& enclosing) {
+  using core::xml::Keyed;
+  const Bytes bytes = bytesOf(row, enclosing);
+  const uint32_t offset = source.base + bytes.offset;
+  // A row without a description is known by its name.
+  std::string key = row.key != nullptr         ? row.key
+                    : *row.description != '\0' ? core::xml::keyOf(row.description)
+                                               : core::xml::keyOf(row.name);
+  Keyed keyed;
+  switch (row.form.kind) {
+    case Form::kEmpty:
+      keyed = Keyed::object(std::move(key));
+      break;
+    case Form::kDecimal:
+    case Form::kHex:
+    case Form::kBareHex:
+    case Form::kKelvin:
+      keyed = Keyed::number(std::move(key), numberOf(row, source, bytes));
+      break;
+    case Form::kDecimal128:
+    case Form::kDataUnits:
+    case Form::kHex128:
+      keyed = Keyed::text(std::move(key), valueForms::decimal128(source.payload, offset));
+      break;
+    case Form::kLongHex:
+      keyed = Keyed::text(std::move(key), formatted(row, source, bytes));
+      break;
+    case Form::kText:
+      keyed = Keyed::text(std::move(key), valueForms::text(source.payload, offset, bytes.length));
+      break;
+  }
+  keyed.entry = row.entry;
+  return keyed;
+}
+
 void addAdmitted(core::xml::XmlObject& parent, Table rows, const Source& source, Gate gate,
                  const Bytes& enclosing, bool asProperties) {
   for (const Row& row : rows) {
@@ -70,10 +106,12 @@ void addAdmitted(core::xml::XmlObject& parent, Table rows, const Source& source,
     }
     const std::string value = valueOf(row, source, enclosing);
     if (asProperties) {
-      parent.addProperty(row.name, row.description, value);
+      parent.addProperty(row.name, row.description, value).keyed() =
+          keyedOf(row, source, enclosing);
       continue;
     }
     auto child = std::make_unique<core::xml::XmlObject>(row.name, row.description, value);
+    child->keyed() = keyedOf(row, source, enclosing);
     addAdmitted(*child, row.members, source.at(row.bytes.offset), gate & row.gate,
                 Bytes{0, row.bytes.length}, true);
     // The constructor has named the child already.

@@ -136,12 +136,26 @@ struct Row {
   Gate gate;
   Table members;  // the properties of a group; empty for a plain field
   const Words* words;
+  // The key of the field in the keyed form when the description's own (see keyOf) is not
+  // the one that scripts know it by, and whether it is one of a run of entries.
+  const char* key = nullptr;
+  bool entry = false;
 
   constexpr Row since(NVMeVersions versions) const { return gatedBy(nvme::since(versions)); }
   constexpr Row until(NVMeVersions versions) const { return gatedBy(nvme::until(versions)); }
   constexpr Row named(const Words& names) const {
     Row row = *this;
     row.words = &names;
+    return row;
+  }
+  constexpr Row as(const char* machineKey) const {
+    Row row = *this;
+    row.key = machineKey;
+    return row;
+  }
+  constexpr Row repeated() const {
+    Row row = *this;
+    row.entry = true;
     return row;
   }
 
@@ -262,7 +276,10 @@ struct Source {
 };
 
 // Appends the admitted rows of `rows` to `parent` as child objects: a field as an object
-// with name, description and value, a group likewise with its members as properties.
+// with name, description and value, a group likewise with its members as properties. Each
+// element is keyed: a number form gives its number (a group's whole bytes, a field's bits,
+// kelvins for a temperature), a 128-bit form its exact decimal digits, text its text and
+// other hex forms the text shown; a group without a value is an object.
 void addFields(core::xml::XmlObject& parent, Table rows, const Source& source, Gate gate = Gate{});
 void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sections,
                const Source& source);

@@ -18,9 +18,9 @@ constexpr ListWalk kVectors{0, 8, 512};
 // Each vector is announced by a property of its own, "Command Set Vector n", before these.
 // clang-format off
 constexpr Row kCommandSets[] = {
-    field("Bit 0", "NVM Command Set",             range(0, 7), bit(0), decimal),
-    field("Bit 1", "Key Value Command Set",       range(0, 7), bit(1), decimal),
-    field("Bit 2", "Zoned Namespace Command Set", range(0, 7), bit(2), decimal),
+    field("Bit 0", "NVM Command Set",             range(0, 7), bit(0), decimal).repeated(),
+    field("Bit 1", "Key Value Command Set",       range(0, 7), bit(1), decimal).repeated(),
+    field("Bit 2", "Zoned Namespace Command Set", range(0, 7), bit(2), decimal).repeated(),
 };
 // clang-format on
 
@@ -37,7 +37,8 @@ std::unique_ptr<core::xml::XmlObject> toXmlObject(const core::Payload& payload) 
       return false;
     }
     const std::string label = "Command Set Vector " + std::to_string(index);
-    addProperties(*root, field(label.c_str(), "", byte(0), hex(2)), source.at(offset));
+    addProperties(*root, field(label.c_str(), "", byte(0), hex(2)).as("vectors").repeated(),
+                  source.at(offset));
     addProperties(*root, kCommandSets, source.at(offset));
     return true;
   });

@@ -18,7 +18,7 @@ constexpr Row kCount[] = {
     field("Number of Controller Entries", "", range(0, 1), decimal),
 };
 constexpr Row kIdentifier[] = {
-    field("Controller ID", "", range(0, 1), decimal),
+    field("Controller ID", "", range(0, 1), decimal).as("cntlids").repeated(),
 };
 
 }  // namespace

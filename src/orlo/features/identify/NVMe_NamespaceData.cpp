@@ -107,32 +107,32 @@ constexpr Row kGloballyUniqueIdentifier[] = {
 };
 
 constexpr Row kFirstTable[] = {
-    field("Bytes 07:00", "Namespace Size",                           range(7, 0),   decimal),
-    field("Bytes 15:08", "Namespace Capacity",                       range(15, 8),  decimal),
-    field("Bytes 23:16", "Namespace Utilization",                    range(23, 16), decimal),
-    group("Byte 24",     "Namespace Features",                       byte(24),      hex(2), kNamespaceFeatures),
-    field("Byte 25",     "Number of LBA Formats",                    byte(25),      hex(2)),
-    group("Byte 26",     "Formatted LBA Size",                       byte(26),      hex(2), kFormattedLbaSize),
-    group("Byte 27",     "Metadata Capabilities",                    byte(27),      hex(2), kMetadataCapabilities),
-    group("Byte 28",     "End-to-end Data Protection Capabilities",  byte(28),      hex(2), kDataProtectionCapabilities),
-    group("Byte 29",     "End-to-end Data Protection Type Settings", byte(29),      hex(2), kDataProtectionSettings),
+    field("Bytes 07:00", "Namespace Size",                           range(7, 0),   decimal).as("nsze"),
+    field("Bytes 15:08", "Namespace Capacity",                       range(15, 8),  decimal).as("ncap"),
+    field("Bytes 23:16", "Namespace Utilization",                    range(23, 16), decimal).as("nuse"),
+    group("Byte 24",     "Namespace Features",                       byte(24),      hex(2), kNamespaceFeatures).as("nsfeat"),
+    field("Byte 25",     "Number of LBA Formats",                    byte(25),      hex(2)).as("nlbaf"),
+    group("Byte 26",     "Formatted LBA Size",                       byte(26),      hex(2), kFormattedLbaSize).as("flbas"),
+    group("Byte 27",     "Metadata Capabilities",                    byte(27),      hex(2), kMetadataCapabilities).as("mc"),
+    group("Byte 28",     "End-to-end Data Protection Capabilities",  byte(28),      hex(2), kDataProtectionCapabilities).as("dpc"),
+    group("Byte 29",     "End-to-end Data Protection Type Settings", byte(29),      hex(2), kDataProtectionSettings).as("dps"),
 };
 
 constexpr Row kSecondTable[] = {
-    group("Byte 30",     "Namespace Multi-path I/O and Sharing Capabilities", byte(30),      bareHex(2), kMultiPathSharing),
-    group("Byte 31",     "Reservation Capabilities",                          byte(31),      hex(2),     kReservationCapabilities),
-    group("Byte 32",     "Format Progress Indicator",                         byte(32),      hex(2),     kFormatProgress),
-    group("Byte 33",     "Deallocate Logical Block Features",                 byte(33),      hex(2),     kDeallocateFeatures).since(kNVMe1_3),
+    group("Byte 30",     "Namespace Multi-path I/O and Sharing Capabilities", byte(30),      bareHex(2), kMultiPathSharing).as("nmic"),
+    group("Byte 31",     "Reservation Capabilities",                          byte(31),      hex(2),     kReservationCapabilities).as("rescap"),
+    group("Byte 32",     "Format Progress Indicator",                         byte(32),      hex(2),     kFormatProgress).as("fpi"),
+    group("Byte 33",     "Deallocate Logical Block Features",                 byte(33),      hex(2),     kDeallocateFeatures).since(kNVMe1_3).as("dlfeat"),
     reserved("Byte 33").until(kNVMe1_3),
-    field("Bytes 35:34", "Namespace Atomic Write Unit Normal",                range(35, 34), hex(4)),
-    field("Bytes 37:36", "Namespace Atomic Write Unit Power Fail",            range(37, 36), hex(4)),
-    field("Bytes 39:38", "Namespace Atomic Compare & Write Unit",             range(39, 38), hex(4)),
-    field("Bytes 41:40", "Namespace Atomic Boundary Size Normal",             range(41, 40), hex(4)),
-    field("Bytes 43:42", "Namespace Atomic Boundary Offset",                  range(43, 42), hex(4)),
-    field("Bytes 45:44", "Namespace Atomic Boundary Size Power Fail",         range(45, 44), hex(4)),
-    field("Bytes 47:46", "Namespace Optimal I/O Boundary",                    range(47, 46), hex(4)).since(kNVMe1_3),
+    field("Bytes 35:34", "Namespace Atomic Write Unit Normal",                range(35, 34), hex(4)).as("nawun"),
+    field("Bytes 37:36", "Namespace Atomic Write Unit Power Fail",            range(37, 36), hex(4)).as("nawupf"),
+    field("Bytes 39:38", "Namespace Atomic Compare & Write Unit",             range(39, 38), hex(4)).as("nacwu"),
+    field("Bytes 41:40", "Namespace Atomic Boundary Size Normal",             range(41, 40), hex(4)).as("nabsn"),
+    field("Bytes 43:42", "Namespace Atomic Boundary Offset",                  range(43, 42), hex(4)).as("nabo"),
+    field("Bytes 45:44", "Namespace Atomic Boundary Size Power Fail",         range(45, 44), hex(4)).as("nabspf"),
+    field("Bytes 47:46", "Namespace Optimal I/O Boundary",                    range(47, 46), hex(4)).since(kNVMe1_3).as("noiob"),
     reserved("Bytes 47:46").until(kNVMe1_3),
-    field("Bytes 63:48", "NVM Capacity",                                      range(63, 48), hex128),
+    field("Bytes 63:48", "NVM Capacity",                                      range(63, 48), hex128).as("nvmcap"),
 };
 
 constexpr Row kBeforeThirdTable[] = {
@@ -140,22 +140,22 @@ constexpr Row kBeforeThirdTable[] = {
 };
 
 constexpr Row kThirdTable[] = {
-    field("Bytes 65:64",   "Namespace Preferred Write Granularity",      range(65, 64),   hex(4)),
-    field("Bytes 67:66",   "Namespace Preferred Write Alignment",        range(67, 66),   hex(4)),
-    field("Bytes 69:68",   "Namespace Preferred Deallocate Granularity", range(69, 68),   hex(4)),
-    field("Bytes 71:70",   "Namespace Preferred Deallocate Alignment",   range(71, 70),   hex(4)),
-    field("Bytes 73:72",   "Namespace Optimal Write Size",               range(73, 72),   hex(4)),
+    field("Bytes 65:64",   "Namespace Preferred Write Granularity",      range(65, 64),   hex(4)).as("npwg"),
+    field("Bytes 67:66",   "Namespace Preferred Write Alignment",        range(67, 66),   hex(4)).as("npwa"),
+    field("Bytes 69:68",   "Namespace Preferred Deallocate Granularity", range(69, 68),   hex(4)).as("npdg"),
+    field("Bytes 71:70",   "Namespace Preferred Deallocate Alignment",   range(71, 70),   hex(4)).as("npda"),
+    field("Bytes 73:72",   "Namespace Optimal Write Size",               range(73, 72),   hex(4)).as("nows"),
     reserved("Bytes 91:74"),
-    field("Bytes 95:92",   "ANA Group Identifier",                       range(95, 92),   hex(8)),
+    field("Bytes 95:92",   "ANA Group Identifier",                       range(95, 92),   hex(8)).as("anagrpid"),
     reserved("Bytes 98:96"),
-    group("Byte 99",       "Namespace Attributes",                       byte(99),        hex(2), kNamespaceAttributes),
-    field("Bytes 101:100", "NVM Set Identifier",                         range(101, 100), hex(4)),
-    field("Bytes 103:102", "Endurance Group Identifier",                 range(103, 102), hex(4)),
+    group("Byte 99",       "Namespace Attributes",                       byte(99),        hex(2), kNamespaceAttributes).as("nsattr"),
+    field("Bytes 101:100", "NVM Set Identifier",                         range(101, 100), hex(4)).as("nvmsetid"),
+    field("Bytes 103:102", "Endurance Group Identifier",                 range(103, 102), hex(4)).as("endgid"),
 };
 
 constexpr Row kFourthTable[] = {
-    group("Bytes 119:104", "Namespace Globally Unique Identifier", range(119, 104), hex128, kGloballyUniqueIdentifier),
-    field("Bytes 127:120", "IEEE Extended Unique Identifier",      range(127, 120), hex(16)),
+    group("Bytes 119:104", "Namespace Globally Unique Identifier", range(119, 104), hex128, kGloballyUniqueIdentifier).as("nguid"),
+    field("Bytes 127:120", "IEEE Extended Unique Identifier",      range(127, 120), hex(16)).as("eui64"),
 };
 
 constexpr const char* kRelativePerformanceWords[] = {
@@ -168,13 +168,14 @@ constexpr Words kRelativePerformance = appended(kRelativePerformanceWords);
 
 constexpr Row kLbaFormat[] = {
     field("Bits 31:26", "Reserved",             bits(31, 26), hex()),
-    field("Bits 25:24", "Relative Performance", bits(25, 24), hex(1)).named(kRelativePerformance),
-    field("Bits 23:16", "LBA Data Size",        bits(23, 16), hex(2)),
-    field("Bits 15:0",  "Metadata Size",        bits(15, 0),  hex(4)),
+    field("Bits 25:24", "Relative Performance", bits(25, 24), hex(1)).named(kRelativePerformance).as("rp"),
+    field("Bits 23:16", "LBA Data Size",        bits(23, 16), hex(2)).as("ds"),
+    field("Bits 15:0",  "Metadata Size",        bits(15, 0),  hex(4)).as("ms"),
 };
 // clang-format on
 
-// Formats past the count in byte 25 are shown as plain fields marked "(N/A)".
+// Formats past the count in byte 25 are shown as plain fields marked "(N/A)"; the keyed form
+// lists only the formats in use, so that a format's number is its index.
 void addLbaFormats(core::xml::XmlObject& root, const Source& source) {
   const uint32_t inUse = source.payload.data()[kNumberOfLbaFormats];
   for (uint32_t i = 0; i < kLbaFormats; ++i) {
@@ -183,12 +184,14 @@ void addLbaFormats(core::xml::XmlObject& root, const Source& source) {
     const std::string description = "LBA Format " + std::to_string(i) + " Support";
     if (i > inUse) {
       const std::string unused = description + " (N/A)";
-      addFields(root, field(name.c_str(), unused.c_str(), range(offset + 3, offset), hex(8)),
+      addFields(root, field(name.c_str(), unused.c_str(), range(offset + 3, offset), hex(8)).as(""),
                 source);
     } else {
       addFields(
           root,
-          group(name.c_str(), description.c_str(), range(offset + 3, offset), hex(8), kLbaFormat),
+          group(name.c_str(), description.c_str(), range(offset + 3, offset), hex(8), kLbaFormat)
+              .as("lbafs")
+              .repeated(),
           source);
     }
   }

@@ -20,8 +20,8 @@ constexpr Row kHeader[] = {
 };
 
 constexpr Row kDescriptor[] = {
-    field("Namespace Size Granularity",     "", range(0, 7),  hex(16)),
-    field("Namespace Capacity Granularity", "", range(8, 15), hex(16)),
+    field("Namespace Size Granularity",     "", range(0, 7),  hex(16)).repeated(),
+    field("Namespace Capacity Granularity", "", range(8, 15), hex(16)).repeated(),
 };
 // clang-format on
 

@@ -53,6 +53,7 @@ std::unique_ptr<core::xml::XmlObject> toXmlObject(const core::Payload& payload) 
     }
     const std::string name = "Namespace Identification Descriptor " + std::to_string(count);
     auto descriptor = std::make_unique<core::xml::XmlObject>(name, "", "");
+    descriptor->keyed() = core::xml::Keyed::entryObject("descriptors");
     const Source source{payload, offset, 0};
     addProperties(*descriptor, kDescriptorHeader, source);
     const std::string label = "Byte 4-" + std::to_string(length + 3);

@@ -14,7 +14,7 @@ using namespace table;
 constexpr ListWalk kIdentifiers{0, 4, 1024};
 
 constexpr Row kIdentifier[] = {
-    field("Namespace ID", "", range(0, 3), decimal),
+    field("Namespace ID", "", range(0, 3), decimal).as("nsids").repeated(),
 };
 
 }  // namespace

@@ -58,6 +58,7 @@ std::unique_ptr<core::xml::XmlObject> toXmlObject(const core::Payload& payload) 
     const std::string label = labelOf(index);
     auto entry =
         std::make_unique<core::xml::XmlObject>(label, "SC Entry " + std::to_string(index), "");
+    entry->keyed() = core::xml::Keyed::entryObject("sc_entries");
     addFields(*entry, kEntry, source.at(offset));
     root->addObject(label, std::move(entry));
     return true;

@@ -62,6 +62,7 @@ std::unique_ptr<core::xml::XmlObject> toXmlObject(const core::Payload& payload) 
     }
     const std::string name = "UUID List Entry " + std::to_string(index + 1);
     auto entry = std::make_unique<core::xml::XmlObject>();
+    entry->keyed() = core::xml::Keyed::entryObject("uuids");
     addProperties(*entry, kEntry, source.at(offset));
     root->addObject(name, std::move(entry));
     return true;

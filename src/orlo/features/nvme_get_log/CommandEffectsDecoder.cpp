@@ -54,13 +54,21 @@ std::unique_ptr<core::xml::XmlObject> decode(const core::Payload& payload,
       noneSupported = false;
       auto child = std::make_unique<core::xml::XmlObject>();
       child->attribute("name") = commandName(set.prefix, opcode);
+      child->keyed() = core::xml::Keyed::number(set.key, opcode);
+      child->keyed().entry = true;
+      child->keyed().valueKey = "opcode";
       for (const EntryRow* row : shownRows) {
-        addNameValue(*child, row->label, std::to_string(fieldOf(entry, *row)));
+        const uint32_t field = fieldOf(entry, *row);
+        addNameValue(*child, row->label, std::to_string(field)).keyed() =
+            core::xml::Keyed::number(core::xml::keyOf(row->label), field);
       }
       root->objects().push_back(std::move(child));
     }
   }
-  if (noneSupported) addNameValue(*root, "Commands Supported", "0");
+  if (noneSupported) {
+    addNameValue(*root, "Commands Supported", "0").keyed() =
+        core::xml::Keyed::number("commands_supported", 0);
+  }
   return root;
 }
 

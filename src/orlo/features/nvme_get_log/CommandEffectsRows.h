@@ -17,15 +17,16 @@ constexpr uint32_t kLogSize = commands::nvme::layout::kCommandsEffectsLog.size;
 using Gate = core::Attribute (*)();
 
 // One table: entry i, 4 bytes at `offset` + 4 * i, belongs to opcode i. A child shown for
-// it is named `prefix` and the opcode.
+// it is named `prefix` and the opcode; in the keyed form it is an entry of `key`.
 struct CommandSetRow {
   const char* prefix;
   uint32_t offset;
   uint32_t entries;
+  const char* key;
 };
 
 inline constexpr CommandSetRow commandSetRows[] = {
-    {"Admin Command ", 0, 256}, {"I/O Command ", 1024, 256},
+    {"Admin Command ", 0, 256, "admin_commands"}, {"I/O Command ", 1024, 256, "io_commands"},
     // Bytes 2048 to 4095 are reserved and not read.
 };
 

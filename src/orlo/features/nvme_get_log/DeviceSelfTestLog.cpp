@@ -127,11 +127,13 @@ std::unique_ptr<core::xml::XmlObject> decode(const core::Payload& payload) {
       return true;
     }
     auto child = namedObject("Self-test Result " + std::to_string(index + 1));
+    child->keyed() = core::xml::Keyed::entryObject("results");
     addFields(*child, kResultRows, result);
     root->objects().push_back(std::move(child));
     return true;
   });
-  addNameValue(*root, "Results Not in Use", std::to_string(unused));
+  addNameValue(*root, "Results Not in Use", std::to_string(unused)).keyed() =
+      core::xml::Keyed::number("results_not_in_use", unused);
   return root;
 }
 

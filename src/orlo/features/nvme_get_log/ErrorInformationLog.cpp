@@ -46,17 +46,17 @@ constexpr Row kParameterErrorLocation[] = {
 
 constexpr Row kEntry[] = {
     field("Bytes 07:00", "Error Count",                            decimal),
-    field("Bytes 09:08", "Submission Queue ID",                    hex(4)),
-    field("Bytes 11:10", "Command ID",                             hex(4)),
+    field("Bytes 09:08", "Submission Queue ID",                    hex(4)).as("sqid"),
+    field("Bytes 11:10", "Command ID",                             hex(4)).as("cmdid"),
     group("Bytes 13:12", "Status Field",                           hex(4), kStatusField),
-    group("Bytes 15:14", "Parameter Error Location",               hex(4), kParameterErrorLocation),
+    group("Bytes 15:14", "Parameter Error Location",               hex(4), kParameterErrorLocation).as("parm_error_location"),
     field("Bytes 23:16", "LBA",                                    decimal),
-    field("Bytes 27:24", "Namespace",                              hex(8)),
-    field("Byte 28",     "Vendor Specific Information Available",  hex(2)),
-    field("Byte 29",     "Transport Type",                         decimal),
+    field("Bytes 27:24", "Namespace",                              hex(8)).as("nsid"),
+    field("Byte 28",     "Vendor Specific Information Available",  hex(2)).as("vs"),
+    field("Byte 29",     "Transport Type",                         decimal).as("trtype"),
     field("Bytes 31:30", "Reserved",                               longHex),
-    field("Bytes 39:32", "Command Specific Information",           hex(16)),
-    field("Bytes 41:40", "Transport Type Specific Information",    hex(4)),
+    field("Bytes 39:32", "Command Specific Information",           hex(16)).as("cs"),
+    field("Bytes 41:40", "Transport Type Specific Information",    hex(4)).as("trtype_spec_info"),
     field("Bytes 63:42", "Reserved",                               longHex),
 };
 // clang-format on
@@ -76,11 +76,13 @@ std::unique_ptr<core::xml::XmlObject> decode(const core::Payload& payload) {
       return true;
     }
     auto child = namedObject("Error Information Entry " + std::to_string(index + 1));
+    child->keyed() = core::xml::Keyed::entryObject("errors");
     addFields(*child, kEntry, entry);
     root->objects().push_back(std::move(child));
     return true;
   });
-  addNameValue(*root, "Entries Not in Use", std::to_string(unused));
+  addNameValue(*root, "Entries Not in Use", std::to_string(unused)).keyed() =
+      core::xml::Keyed::number("entries_not_in_use", unused);
   return root;
 }
 

@@ -14,11 +14,15 @@ std::unique_ptr<core::xml::XmlObject> namedObject(const std::string& name) {
   return object;
 }
 
-void addNameValue(core::xml::XmlObject& parent, std::string name, std::string value) {
+core::xml::XmlProperty& addNameValue(core::xml::XmlObject& parent, std::string name,
+                                     std::string value) {
   auto property = std::make_unique<core::xml::XmlProperty>();
+  property->keyed() = core::xml::Keyed::text(core::xml::keyOf(name), value);
   property->attribute("name") = std::move(name);
   property->attribute("value") = std::move(value);
+  core::xml::XmlProperty& added = *property;
   parent.properties().push_back(std::move(property));
+  return added;
 }
 
 bool holdsLog(core::xml::XmlObject& root, const core::Payload& payload, uint32_t size) {

@@ -6,6 +6,7 @@
 
 #include "orlo/core/Payload.h"
 #include "orlo/core/xml/XmlObject.h"
+#include "orlo/core/xml/XmlProperty.h"
 
 // The two kinds of element from which a log page's tree is built, and the mark of a log too
 // short to be decoded.
@@ -15,8 +16,9 @@ namespace orlo::features::nvme_get_log {
 std::unique_ptr<core::xml::XmlObject> namedObject(const std::string& name);
 
 // Appends a "Property" that has a name and a value and nothing else; the value is kept as
-// it stands.
-void addNameValue(core::xml::XmlObject& parent, std::string name, std::string value);
+// it stands, and is the property's keyed text under the key of its name.
+core::xml::XmlProperty& addNameValue(core::xml::XmlObject& parent, std::string name,
+                                     std::string value);
 
 // Whether `payload` holds `size` bytes or more; if not, `root` gets the status child that
 // says the drive's data could not be read.

@@ -81,7 +81,8 @@ std::unique_ptr<core::xml::XmlObject> NVMeDriveLog::getXml() {
   if (kind_.perNamespace) {
     const uint32_t id = core::readUInt32(attributes, properties::namespaceId());
     addNameValue(*tree, "Namespace",
-                 id == kAllNamespaces ? "All (controller-wide)" : std::to_string(id));
+                 id == kAllNamespaces ? "All (controller-wide)" : std::to_string(id))
+        .keyed() = core::xml::Keyed::number("nsid", id);
   }
   return tree;
 }
