@@ -144,15 +144,16 @@ sata_serial="$sata_serial"
 SH
 cat >>"$root/check.sh" <<'SH'
 trim() { sed 's/^[ \t]*//; s/[ \t]*$//'; }
-# The value of the first field with that description in orlo's JSON, which writes
-# one member a line: an element's description comes before its value.
+# The value of the first field with that description in orlo's labelled JSON
+# (-output jsontree), which writes one member a line: an element's description comes
+# before its value.
 field() {
   awk -v want="$1" '
     /^ *"description": / { d = $0; sub(/^ *"description": "/, "", d); sub(/",?$/, "", d) }
     /^ *"value": / && d == want { v = $0; sub(/^ *"value": "/, "", v); sub(/",?$/, "", v); print v; exit }'
 }
 attribute() { "$probe" show -ssd "$1" | sed -n "s/^$2=//p"; }
-controller() { "$orlo" show -ssd "$1" ControllerNamespaceStructure=1 -output json; }
+controller() { "$orlo" show -ssd "$1" ControllerNamespaceStructure=1 -output jsontree; }
 failures=0
 same() {
   if [ "$2" = "$3" ]; then echo "PASS $1: $2"; else echo "FAIL $1: orlo '$2', expected '$3'"; failures=$((failures + 1)); fi
@@ -189,12 +190,12 @@ for gate in 1.1 1.2 1.3 1.4 2.0; do
   same "nvme-version-$gate" "$(attribute /dev/nvme0 "NVMe$(echo $gate | sed 's/\./Point/')OrGreater")" "$want"
 done
 same nvme-namespace "$(attribute /dev/nvme0n1 NamespaceId)" "$(trim </sys/block/nvme0n1/nsid)"
-namespace=$("$orlo" show -ssd /dev/nvme0n1 -output json)
+namespace=$("$orlo" show -ssd /dev/nvme0n1 -output jsontree)
 sectors=$(trim </sys/block/nvme0n1/size)
 same nvme-namespace-size "$(($(echo "$namespace" | field "Namespace Size") * $(trim </sys/block/nvme0n1/queue/logical_block_size)))" "$((sectors * 512))"
 
 sata=/sys/block/sda/device
-identify=$("$orlo" show -ssd /dev/sda -output json)
+identify=$("$orlo" show -ssd /dev/sda -output jsontree)
 same sata-serial "$(echo "$identify" | field "Serial Number")" "$(tail -c +5 $sata/vpd_pg80 | tr -d '\0' | trim)"
 same sata-serial-given "$(echo "$identify" | field "Serial Number")" "$sata_serial"
 # sysfs has only the SCSI inquiry's cut strings: the whole ones are the emulator's settings.
@@ -213,8 +214,8 @@ for node in /dev/nvme0 /dev/sda; do
   echo "-- captured from $node:" $(ls "$image")
   # A controller node has no namespace of its own: its image is compared on the controller.
   structure=; [ "$node" = /dev/nvme0 ] && structure=ControllerNamespaceStructure=1
-  same "replay-$node" "$("$orlo" show -ssd "$image" $structure -output json | md5sum)" \
-    "$("$orlo" show -ssd "$node" $structure -output json | md5sum)"
+  same "replay-$node" "$("$orlo" show -ssd "$image" $structure -output jsontree | md5sum)" \
+    "$("$orlo" show -ssd "$node" $structure -output jsontree | md5sum)"
   refused=$(su nobody -c "$orlo show -ssd $node" 2>&1)
   same "unprivileged-exit-$node" "$?" 1
   holds "unprivileged-message-$node" "$refused" "Reading a drive needs root."
@@ -245,7 +246,7 @@ for node in /dev/nvme0 /dev/sda; do
   echo "-- orlo health -ssd $node"; "$orlo" health -ssd "$node"
   same "health-exit-$node" "$?" 0
   echo "-- orlo show -ssd $node LogName=$log"; "$orlo" show -ssd "$node" LogName=$log | head -40
-  summary=$("$orlo" health -ssd "$node" -output json)
+  summary=$("$orlo" health -ssd "$node" -output jsontree)
   same "health-verdict-$node" "$(echo "$summary" | named Verdict)" Healthy
   celsius=$(hwmon_celsius $sensor)
   if [ -n "$celsius" ]; then
@@ -254,7 +255,7 @@ for node in /dev/nvme0 /dev/sda; do
     echo "-- no $sensor temperature in hwmon for $node"
   fi
   image=/tmp/image-${node#/dev/}
-  same "health-replay-$node" "$("$orlo" health -ssd "$image" -output json | md5sum)" "$(echo "$summary" | md5sum)"
+  same "health-replay-$node" "$("$orlo" health -ssd "$image" -output jsontree | md5sum)" "$(echo "$summary" | md5sum)"
 done
 
 # An incident report of both drives, and each drive played back from inside it, chosen by
@@ -264,7 +265,7 @@ same report-exit "$?" 0
 for node in /dev/nvme0 /dev/sda; do
   serial=$sata_serial structure=
   [ "$node" = /dev/nvme0 ] && serial=$(trim <$nvme/serial) structure=ControllerNamespaceStructure=1
-  for format in text json xml csv; do
+  for format in text json jsontree xml csv; do
     same "report-replay-$node-$format" "$("$orlo" show -ssd "/tmp/ir.zip:$serial" $structure -output $format | md5sum)" \
       "$("$orlo" show -ssd "$node" $structure -output $format | md5sum)"
   done

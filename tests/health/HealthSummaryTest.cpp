@@ -31,7 +31,7 @@ TEST(HealthSummary, ShowsEveryFactInOneShapeAndSaysWhatTheDriveLeavesOut) {
             "  Problem: Available Spare Below Threshold\n  Temperature: -3 \u00B0C\n"
             "  Power-On Hours: 18446744073709551615\n  Percentage Used: 255%\n"
             "  Media and Data Integrity Errors: 340282366920938463463374607431768211455\n"
-            "  Unsafe Shutdowns: 0\n  Available Spare: 4% (threshold 10%)\n"
+            "  Unsafe Shutdowns: 0\n  Available Spare: 4%\n  Available Spare Threshold: 10%\n"
             "  Critical Warnings\n    Available Spare Below Threshold: Yes\n"
             "    Read Only: No\n");
 
@@ -44,7 +44,8 @@ TEST(HealthSummary, ShowsEveryFactInOneShapeAndSaysWhatTheDriveLeavesOut) {
             "  Note: Attribute 5 Reallocated Sector Count: failed in the past\n"
             "  Temperature: Not reported\n  Power-On Hours: Not reported\n"
             "  Percentage Used: Not reported\n  Media and Data Integrity Errors: Not reported\n"
-            "  Unsafe Shutdowns: Not reported\n  Available Spare: 97%\n");
+            "  Unsafe Shutdowns: Not reported\n  Available Spare: 97%\n"
+            "  Available Spare Threshold: Not reported\n");
 }
 
 }  // namespace

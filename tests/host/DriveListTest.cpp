@@ -31,6 +31,12 @@ TEST(DriveList, ListsEachDriveOrSaysWhereNoneWasFound) {
     EXPECT_EQ(orlo::host::exitCodeFor(*list), c.exitCode);
     EXPECT_EQ(orlo::host::render(*list, "text"), c.text);
   }
+  // Scripts read the list by key.
+  EXPECT_EQ(orlo::host::render(*orlo::host::driveList({{3, "/dev/sda", "ATA", "M", "7", "F"}}, "/"),
+                               "json"),
+            "{\n  \"drives\": [\n    {\n      \"index\": 3,\n      \"path\": \"/dev/sda\",\n"
+            "      \"protocol\": \"ATA\",\n      \"model_name\": \"M\",\n"
+            "      \"serial_number\": \"7\",\n      \"firmware_version\": \"F\"\n    }\n  ]\n}\n");
 }
 
 }  // namespace

@@ -12,20 +12,14 @@ namespace {
 using core::xml::Keyed;
 
 const char* const kNotReported = "Not reported";
-constexpr int kKelvinAtZeroCelsius = 273;
 
 template <typename Value, typename Show>
 std::string shown(const std::optional<Value>& value, Show show) {
   return value ? show(*value) : kNotReported;
 }
 
-std::string spare(const HealthFacts& facts) {
-  if (!facts.availableSparePercent) return kNotReported;
-  std::string text = std::to_string(*facts.availableSparePercent) + "%";
-  if (facts.availableSpareThresholdPercent) {
-    text += " (threshold " + std::to_string(*facts.availableSpareThresholdPercent) + "%)";
-  }
-  return text;
+std::string percent(unsigned value) {
+  return std::to_string(value) + "%";
 }
 
 // Appends the field, keyed as `keyed` says.
@@ -47,11 +41,11 @@ Keyed text(const char* key, const std::optional<std::string>& value) {
   return value ? Keyed::text(key, *value) : Keyed{};
 }
 
-// Kelvins, as the NVMe drive counts them and its SMART log is keyed.
-Keyed kelvins(const std::optional<int>& celsius) {
-  if (!celsius) return {};
-  Keyed keyed = Keyed::number("temperature", 0);
-  keyed.value = std::to_string(*celsius + kKelvinAtZeroCelsius);
+// Degrees Celsius, which may be below zero, in one unit for NVMe and ATA drives alike.
+Keyed celsius(const std::optional<int>& degrees) {
+  if (!degrees) return {};
+  Keyed keyed = Keyed::number("temperature_celsius", 0);
+  keyed.value = std::to_string(*degrees);
   return keyed;
 }
 
@@ -79,19 +73,21 @@ std::unique_ptr<core::xml::XmlObject> summaryTree(const HealthFacts& facts) {
   }
   add("Temperature",
       shown(facts.temperatureCelsius, [](int c) { return std::to_string(c) + " \u00B0C"; }),
-      kelvins(facts.temperatureCelsius));
+      celsius(facts.temperatureCelsius));
   add("Power-On Hours",
       shown(facts.powerOnHours, [](uint64_t hours) { return std::to_string(hours); }),
       number("power_on_hours", facts.powerOnHours));
-  add("Percentage Used",
-      shown(facts.percentageUsed, [](unsigned used) { return std::to_string(used) + "%"; }),
+  add("Percentage Used", shown(facts.percentageUsed, percent),
       number("percent_used", facts.percentageUsed));
   const auto asIs = [](const std::string& value) { return value; };
   add("Media and Data Integrity Errors", shown(facts.mediaErrors, asIs),
       text("media_errors", facts.mediaErrors));
   add("Unsafe Shutdowns", shown(facts.unsafeShutdowns, asIs),
       text("unsafe_shutdowns", facts.unsafeShutdowns));
-  add("Available Spare", spare(facts), number("avail_spare", facts.availableSparePercent));
+  add("Available Spare", shown(facts.availableSparePercent, percent),
+      number("avail_spare", facts.availableSparePercent));
+  add("Available Spare Threshold", shown(facts.availableSpareThresholdPercent, percent),
+      number("spare_thresh", facts.availableSpareThresholdPercent));
   if (!facts.criticalWarnings.empty()) {
     auto warnings = std::make_unique<core::xml::XmlObject>();
     warnings->keyed() = Keyed::object("critical_warnings");
