@@ -13,8 +13,7 @@
 #include "host/MetricsFile.h"
 #include "host/PrometheusText.h"
 #include "orlo/core/PropertyDescriptors.h"
-#include "orlo/features/health/ATAHealthFacts.h"
-#include "orlo/features/health/NVMeHealthFacts.h"
+#include "orlo/features/health/DriveHealthFacts.h"
 #include "plugins/plugin.cliframework/ResultMakers.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
 #include "plugins/plugin.cliframework/SimpleResult.h"
@@ -38,9 +37,7 @@ class ExpositionResult : public plugin::cli::SimpleResult {
 // a drive of neither) and keeps the facts in `drive`; the reason when it could not.
 std::string readFacts(const std::shared_ptr<core::Device>& device, DriveHealth& drive) {
   health::HealthFacts facts;
-  const core::Status read = device->supportsProtocol("NVME")
-                                ? health::readNvmeHealthFacts(device, facts)
-                                : health::readAtaHealthFacts(device, facts);
+  const core::Status read = health::readHealthFacts(device, facts);
   if (!core::succeeded(read)) return read.message();
   drive.facts = std::move(facts);
   return "";

@@ -26,9 +26,8 @@
 #include "orlo/core/Logging.h"
 #include "orlo/core/OwnStatuses.h"
 #include "orlo/core/PropertyDescriptors.h"
-#include "orlo/features/health/ATAHealthFacts.h"
+#include "orlo/features/health/DriveHealthFacts.h"
 #include "orlo/features/health/HealthSummary.h"
-#include "orlo/features/health/NVMeHealthFacts.h"
 #include "orlo/features/identify/Identify.h"
 #include "plugins/plugin.cliframework/ResultMakers.h"
 #include "plugins/plugin.cliframework/SharedParts.h"
@@ -222,9 +221,7 @@ Status writeIdentify(const Staging& staging, const std::string& folder,
 // What `orlo health -ssd X` gives.
 std::shared_ptr<ResultBase> healthResult(const std::shared_ptr<core::Device>& device) {
   features::health::HealthFacts facts;
-  const Status read = device->supportsProtocol("NVME")
-                          ? features::health::readNvmeHealthFacts(device, facts)
-                          : features::health::readAtaHealthFacts(device, facts);
+  const Status read = features::health::readHealthFacts(device, facts);
   if (!core::succeeded(read)) return failed(read);
   return std::make_shared<plugin::cli::VerdictTreeResult>(features::health::summaryTree(facts),
                                                           facts.reportsHealthy);

@@ -1,9 +1,7 @@
 #include "plugins/device_features/HealthFeature.h"
 
-#include "orlo/core/OwnStatuses.h"
-#include "orlo/features/health/ATAHealthFacts.h"
+#include "orlo/features/health/DriveHealthFacts.h"
 #include "orlo/features/health/HealthSummary.h"
-#include "orlo/features/health/NVMeHealthFacts.h"
 
 namespace plugin::cli {
 
@@ -23,13 +21,7 @@ orlo::core::Status HealthFeature::run() {
   orlo::core::Status status = check();
   if (!orlo::core::succeeded(status)) return status;
   health::HealthFacts facts;
-  if (device->supportsProtocol("NVME")) {
-    status = health::readNvmeHealthFacts(device, facts);
-  } else if (device->supportsProtocol("ATA")) {
-    status = health::readAtaHealthFacts(device, facts);
-  } else {
-    status = orlo::core::Status(35, "Device does not support this command set.");
-  }
+  status = health::readHealthFacts(device, facts);
   if (!orlo::core::succeeded(status)) return status;
   driveHealthy = facts.reportsHealthy;
   tree = health::summaryTree(facts);
