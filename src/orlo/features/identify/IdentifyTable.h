@@ -123,14 +123,14 @@ struct Table {
   // A single row, such as one whose label is made at run time.
   constexpr Table(const Row& row) : rows(&row), count(1) {}
 
-  const Row* begin() const { return rows; }
-  const Row* end() const;
+  constexpr const Row* begin() const { return rows; }
+  constexpr const Row* end() const;
 };
 
 struct Row {
   const char* name;
   const char* description;
-  Bytes bytes;  // a length of 0 reads the bytes of the enclosing group
+  Bytes bytes;  // read; a length of 0 reads the bytes of the enclosing group
   Bits bits;
   Form form;
   Gate gate;
@@ -140,6 +140,9 @@ struct Row {
   // the one that scripts know it by, and whether it is one of a run of entries.
   const char* key = nullptr;
   bool entry = false;
+  // The bytes that the row takes up in its structure, those its label names unless the row
+  // says otherwise; they need not be the ones it reads (see readsPast).
+  Bytes held{0, 0};
 
   constexpr Row since(NVMeVersions versions) const { return gatedBy(nvme::since(versions)); }
   constexpr Row until(NVMeVersions versions) const { return gatedBy(nvme::until(versions)); }
@@ -158,6 +161,26 @@ struct Row {
     row.entry = true;
     return row;
   }
+  // Where a row's label names other bytes or bits than the row's own, the label stays as
+  // drives have always been shown and the row names the ones it holds and reads.
+  constexpr Row readsBytes(Bytes own) const {
+    Row row = *this;
+    row.bytes = own;
+    row.held = own;
+    return row;
+  }
+  constexpr Row readsBits(Bits own) const {
+    Row row = *this;
+    row.bits = own;
+    return row;
+  }
+  // A row that holds the bytes its label names but shows `shown`, running on into the bytes
+  // of the rows after it.
+  constexpr Row readsPast(Bytes shown) const {
+    Row row = *this;
+    row.bytes = shown;
+    return row;
+  }
 
  private:
   constexpr Row gatedBy(Gate more) const {
@@ -167,29 +190,35 @@ struct Row {
   }
 };
 
-inline const Row* Table::end() const {
+constexpr const Row* Table::end() const {
   return rows + count;
 }
 
 constexpr Bits kWholeValue{63, 0};
 
+// A row that takes up the bytes it reads.
+constexpr Row holdingRead(Row row) {
+  row.held = row.bytes;
+  return row;
+}
+
 constexpr Row field(const char* name, const char* description, Bytes bytes, Form form) {
-  return Row{name, description, bytes, kWholeValue, form, {}, {}, nullptr};
+  return holdingRead(Row{name, description, bytes, kWholeValue, form, {}, {}, nullptr});
 }
 constexpr Row field(const char* name, const char* description, Bytes bytes, Bits bits, Form form) {
-  return Row{name, description, bytes, bits, form, {}, {}, nullptr};
+  return holdingRead(Row{name, description, bytes, bits, form, {}, {}, nullptr});
 }
 // A bit field of the enclosing group's own bytes.
 constexpr Row field(const char* name, const char* description, Bits bits, Form form) {
-  return Row{name, description, Bytes{0, 0}, bits, form, {}, {}, nullptr};
+  return holdingRead(Row{name, description, Bytes{0, 0}, bits, form, {}, {}, nullptr});
 }
 constexpr Row group(const char* name, const char* description, Bytes bytes, Form form,
                     Table members) {
-  return Row{name, description, bytes, kWholeValue, form, {}, members, nullptr};
+  return holdingRead(Row{name, description, bytes, kWholeValue, form, {}, members, nullptr});
 }
-// Where a label says a field lies: "Byte 03" and "Bytes 02:01" (high first) name bytes,
-// "Bit 5" and "Bits 6:4" bits of the enclosing group's bytes. Read while compiling; a label
-// of another shape does not compile.
+// Where a label says a field lies: "Byte 03", "Bytes 02:01" and "Byte 0-1" name bytes,
+// "Bit 5", "Bits 6:4" and "Bit 0-6" bits of the enclosing group's bytes, the two numbers in
+// either order. Read while compiling; a label of another shape does not compile.
 namespace label {
 constexpr uint32_t numberAt(const char* text, std::size_t& at) {
   if (text[at] < '0' || text[at] > '9') throw "a label's number is missing";
@@ -197,31 +226,38 @@ constexpr uint32_t numberAt(const char* text, std::size_t& at) {
   for (; text[at] >= '0' && text[at] <= '9'; ++at) number = number * 10 + (text[at] - '0');
   return number;
 }
+// Where the label's word starts, past any blanks before it.
+constexpr std::size_t wordAt(const char* text) {
+  std::size_t at = 0;
+  while (text[at] == ' ') ++at;
+  return at;
+}
 constexpr bool startsWith(const char* text, const char* prefix) {
+  const std::size_t start = wordAt(text);
   for (std::size_t at = 0; prefix[at] != '\0'; ++at) {
-    if (text[at] != prefix[at]) return false;
+    if (text[start + at] != prefix[at]) return false;
   }
   return true;
 }
-// The two numbers of the label, the first twice for a single one.
+// The two numbers of the label, the higher first; the first twice for a single one.
 struct Span {
   uint32_t high;
   uint32_t low;
 };
 constexpr Span spanOf(const char* text) {
-  std::size_t at = 0;
+  std::size_t at = wordAt(text);
   while (text[at] != ' ') {
     if (text[at] == '\0') throw "a label's word is followed by a blank";
     ++at;
   }
   ++at;
-  const uint32_t high = numberAt(text, at);
-  if (text[at] == '\0') return Span{high, high};
-  if (text[at] != ':') throw "a label's numbers are parted by a colon";
+  const uint32_t first = numberAt(text, at);
+  if (text[at] == '\0') return Span{first, first};
+  if (text[at] != ':' && text[at] != '-') throw "a label's numbers are parted by ':' or '-'";
   ++at;
-  const uint32_t low = numberAt(text, at);
-  if (text[at] != '\0' || low > high) throw "a label ends with its lower number";
-  return Span{high, low};
+  const uint32_t second = numberAt(text, at);
+  if (text[at] != '\0') throw "a label ends with its second number";
+  return first >= second ? Span{first, second} : Span{second, first};
 }
 constexpr Bytes bytesOf(const char* text) {
   if (!startsWith(text, "Byte")) return Bytes{0, 0};
@@ -237,10 +273,17 @@ constexpr Bits bitsOf(const char* text) {
 
 // A field or group that lies where its label says.
 constexpr Row field(const char* name, const char* description, Form form) {
-  return Row{name, description, label::bytesOf(name), label::bitsOf(name), form, {}, {}, nullptr};
+  return holdingRead(
+      Row{name, description, label::bytesOf(name), label::bitsOf(name), form, {}, {}, nullptr});
 }
 constexpr Row group(const char* name, const char* description, Form form, Table members) {
-  return Row{name, description, label::bytesOf(name), kWholeValue, form, {}, members, nullptr};
+  return holdingRead(
+      Row{name, description, label::bytesOf(name), kWholeValue, form, {}, members, nullptr});
+}
+// Reserved bytes, which show nothing.
+constexpr Row reserved(const char* name) {
+  return holdingRead(
+      Row{name, "Reserved", label::bytesOf(name), kWholeValue, empty, {}, {}, nullptr});
 }
 
 // Whether the byte rows of `rows`, in their order, follow one another without a gap or an
@@ -249,14 +292,10 @@ template <std::size_t N>
 constexpr bool tiles(const Row (&rows)[N], uint32_t size) {
   uint32_t next = 0;
   for (const Row& row : rows) {
-    if (row.bytes.offset != next) return false;
-    next += row.bytes.length;
+    if (row.held.offset != next) return false;
+    next += row.held.length;
   }
   return next == size;
-}
-
-constexpr Row reserved(const char* name) {
-  return Row{name, "Reserved", Bytes{0, 0}, kWholeValue, empty, {}, {}, nullptr};
 }
 
 // A table whose rows all share one gate on top of their own.
@@ -264,6 +303,44 @@ struct Section {
   Gate gate;
   Table rows;
 };
+
+// Where the rows of `sections` that drives announcing `versions` are shown end, when each
+// starts where the one before it ended, from byte 0 on; kUntiled when one leaves a gap or
+// overlaps.
+constexpr uint32_t kUntiled = UINT32_MAX;
+constexpr uint32_t tiledUpTo(std::initializer_list<Section> sections, NVMeVersions versions) {
+  uint32_t next = 0;
+  for (const Section& section : sections) {
+    for (const Row& row : section.rows) {
+      if (!(section.gate & row.gate).admits(versions)) continue;
+      if (row.held.offset != next) return kUntiled;
+      next += row.held.length;
+    }
+  }
+  return next;
+}
+constexpr uint32_t tiledUpTo(Table rows, NVMeVersions versions) {
+  return tiledUpTo({Section{Gate{}, rows}}, versions);
+}
+
+// What drives announce, oldest first: no version past 1.0, then each newer one on top.
+constexpr NVMeVersions kNVMe1_0 = 0;
+constexpr NVMeVersions kAnnounced[] = {
+    kNVMe1_0,
+    kNVMe1_1,
+    kNVMe1_1 | kNVMe1_2,
+    kNVMe1_1 | kNVMe1_2 | kNVMe1_3,
+    kNVMe1_1 | kNVMe1_2 | kNVMe1_3 | kNVMe1_4,
+    kNVMe1_1 | kNVMe1_2 | kNVMe1_3 | kNVMe1_4 | kNVMe2_0,
+};
+
+// Whether the rows shown for each version in kAnnounced cover bytes 0 to `size` - 1.
+constexpr bool tilesEachVersion(Table rows, uint32_t size) {
+  for (const NVMeVersions versions : kAnnounced) {
+    if (tiledUpTo(rows, versions) != size) return false;
+  }
+  return true;
+}
 
 // What a table reads: the payload, where the table's offsets start, and the versions that
 // the device announces.
