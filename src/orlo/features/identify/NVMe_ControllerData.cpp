@@ -14,8 +14,9 @@ namespace {
 
 using namespace table;
 
-// Where a label and the bytes or bits it reads disagree, the label is what drives have always
-// been shown and stays; the bytes and bits are the ones the row has always read.
+// Every row reads the bytes or bits its label names, unless it says otherwise: where the two
+// disagree, the label is what drives have always been shown and stays, and the row names the
+// bytes or bits it has always read.
 
 // "Verify Command Support" has always been shown as a run of zero bytes as long as its bit.
 constexpr const char* kZeroRunWords[] = {"0x", "0x00"};
@@ -33,365 +34,371 @@ constexpr Words kStripeSize = appended(kStripeSizeWords, " (Unknown)");
 
 // clang-format off
 constexpr Row kMultiPathIo[] = {
-    field("Bit 3", "Asymmetric Namespac Access Reporting Supported", bit(3), decimal).since(kNVMe1_4),
-    field("Bit 2", "SR-IOV Virtual Function Association",            bit(2), decimal).since(kNVMe1_1),
-    field("Bit 1", "Multiple NVM Subsystem Controllers",             bit(1), decimal).since(kNVMe1_1),
-    field("Bit 0", "Multiple NVM Subsystem Ports",                   bit(0), decimal),
+    field("Bit 3", "Asymmetric Namespac Access Reporting Supported", decimal).since(kNVMe1_4),
+    field("Bit 2", "SR-IOV Virtual Function Association",            decimal).since(kNVMe1_1),
+    field("Bit 1", "Multiple NVM Subsystem Controllers",             decimal).since(kNVMe1_1),
+    field("Bit 0", "Multiple NVM Subsystem Ports",                   decimal),
 };
 
 // The labels run the other way to the bytes read.
 constexpr Row kVersion[] = {
-    field("Bit 31:24", "Tertiary Version", bits(7, 0),   decimal),
-    field("Bit 23:16", "Minor Version",    bits(15, 8),  decimal),
-    field("Bit 15:0",  "Major Version",    bits(31, 16), decimal),
+    field("Bit 31:24", "Tertiary Version", decimal).readsBits(bits(7, 0)),
+    field("Bit 23:16", "Minor Version",    decimal).readsBits(bits(15, 8)),
+    field("Bit 15:0",  "Major Version",    decimal).readsBits(bits(31, 16)),
 };
 
 constexpr Row kAsynchronousEvents[] = {
-    field("Bit 31", "Bit 31 is set to 1 if the controller supports sending Discovery Log Page Change Notifications.", bit(31), decimal).since(kNVMe2_0).as("discovery_log_change_notices"),
-    field("Bit 27", "Bit 27 is set to 1 if the controller supports the Zone Descriptor Changed Notices event and the associated Changed Zone List log page", bit(27), decimal).since(kNVMe2_0).as("zone_descriptor_changed_notices"),
-    field("Bit 15", "Bit 15 is set to 1 if the controller supports the Normal NVM Subsystem Shutdown event.", bit(15), decimal).since(kNVMe2_0).as("normal_nvm_subsystem_shutdown"),
-    field("Bit 14", "Endurance Group Even Aggregate Log Page Change Notices Event Supported", bit(14), decimal).since(kNVMe1_4),
-    field("Bit 13", "LBA Status Information Notices Event Supported",       bit(13), decimal).since(kNVMe1_4),
-    field("Bit 12", "Prodictable Latency Event Aggregate Log Change Notices Event Supported", bit(12), decimal).since(kNVMe1_4),
-    field("Bit 11", "Asymmetric namespace Access Change Notices Supported", bit(11), decimal).since(kNVMe1_4),
-    field("Bit 9",  "Firmware Activation Notices Support",                  bit(9),  decimal).since(kNVMe1_3),
-    field("Bit 8",  "Namespace Attribute Changed Support",                  bit(8),  decimal),
+    field("Bit 31", "Bit 31 is set to 1 if the controller supports sending Discovery Log Page Change Notifications.", decimal).since(kNVMe2_0).as("discovery_log_change_notices"),
+    field("Bit 27", "Bit 27 is set to 1 if the controller supports the Zone Descriptor Changed Notices event and the associated Changed Zone List log page", decimal).since(kNVMe2_0).as("zone_descriptor_changed_notices"),
+    field("Bit 15", "Bit 15 is set to 1 if the controller supports the Normal NVM Subsystem Shutdown event.", decimal).since(kNVMe2_0).as("normal_nvm_subsystem_shutdown"),
+    field("Bit 14", "Endurance Group Even Aggregate Log Page Change Notices Event Supported", decimal).since(kNVMe1_4),
+    field("Bit 13", "LBA Status Information Notices Event Supported",       decimal).since(kNVMe1_4),
+    field("Bit 12", "Prodictable Latency Event Aggregate Log Change Notices Event Supported", decimal).since(kNVMe1_4),
+    field("Bit 11", "Asymmetric namespace Access Change Notices Supported", decimal).since(kNVMe1_4),
+    field("Bit 9",  "Firmware Activation Notices Support",                  decimal).since(kNVMe1_3),
+    field("Bit 8",  "Namespace Attribute Changed Support",                  decimal),
 };
 
 constexpr Row kControllerAttributes[] = {
-    field("Bit 9", "UUID List Support",                           bit(9), decimal).since(kNVMe1_4),
-    field("Bit 8", "SQ Associations Support",                     bit(8), decimal).since(kNVMe1_4),
-    field("Bit 7", "Namespace Granularity Support",               bit(7), decimal).since(kNVMe1_4),
-    field("Bit 6", "Traffic Based Keep Alive Support",            bit(6), decimal).since(kNVMe1_4),
-    field("Bit 5", "Predictable Latency Mode Support",            bit(5), decimal).since(kNVMe1_4),
-    field("Bit 4", "Endurance Groups Support",                    bit(4), decimal).since(kNVMe1_4),
-    field("Bit 3", "Read Recovery Levels Support",                bit(3), decimal).since(kNVMe1_4),
-    field("Bit 2", "NVM Sets Support",                            bit(2), decimal).since(kNVMe1_4),
-    field("Bit 1", "Non-Operational Power State Permissive Mode", bit(1), decimal),
-    field("Bit 0", "128-bit Host Identifier Support",             bit(0), decimal),
+    field("Bit 9", "UUID List Support",                           decimal).since(kNVMe1_4),
+    field("Bit 8", "SQ Associations Support",                     decimal).since(kNVMe1_4),
+    field("Bit 7", "Namespace Granularity Support",               decimal).since(kNVMe1_4),
+    field("Bit 6", "Traffic Based Keep Alive Support",            decimal).since(kNVMe1_4),
+    field("Bit 5", "Predictable Latency Mode Support",            decimal).since(kNVMe1_4),
+    field("Bit 4", "Endurance Groups Support",                    decimal).since(kNVMe1_4),
+    field("Bit 3", "Read Recovery Levels Support",                decimal).since(kNVMe1_4),
+    field("Bit 2", "NVM Sets Support",                            decimal).since(kNVMe1_4),
+    field("Bit 1", "Non-Operational Power State Permissive Mode", decimal),
+    field("Bit 0", "128-bit Host Identifier Support",             decimal),
 };
 
 // Lowest bit first, unlike the other groups.
 constexpr Row kReadRecoveryLevels[] = {
-    field("Bit 0",  "Read Recovery Level 0",  bit(0),  decimal),
-    field("Bit 1",  "Read Recovery Level 1",  bit(1),  decimal),
-    field("Bit 2",  "Read Recovery Level 2",  bit(2),  decimal),
-    field("Bit 3",  "Read Recovery Level 3",  bit(3),  decimal),
-    field("Bit 4",  "Read Recovery Level 4",  bit(4),  decimal),
-    field("Bit 5",  "Read Recovery Level 5",  bit(5),  decimal),
-    field("Bit 6",  "Read Recovery Level 6",  bit(6),  decimal),
-    field("Bit 7",  "Read Recovery Level 7",  bit(7),  decimal),
-    field("Bit 8",  "Read Recovery Level 8",  bit(8),  decimal),
-    field("Bit 9",  "Read Recovery Level 9",  bit(9),  decimal),
-    field("Bit 10", "Read Recovery Level 10", bit(10), decimal),
-    field("Bit 11", "Read Recovery Level 11", bit(11), decimal),
-    field("Bit 12", "Read Recovery Level 12", bit(12), decimal),
-    field("Bit 13", "Read Recovery Level 13", bit(13), decimal),
-    field("Bit 14", "Read Recovery Level 14", bit(14), decimal),
-    field("Bit 15", "Read Recovery Level 15", bit(15), decimal),
+    field("Bit 0",  "Read Recovery Level 0",  decimal),
+    field("Bit 1",  "Read Recovery Level 1",  decimal),
+    field("Bit 2",  "Read Recovery Level 2",  decimal),
+    field("Bit 3",  "Read Recovery Level 3",  decimal),
+    field("Bit 4",  "Read Recovery Level 4",  decimal),
+    field("Bit 5",  "Read Recovery Level 5",  decimal),
+    field("Bit 6",  "Read Recovery Level 6",  decimal),
+    field("Bit 7",  "Read Recovery Level 7",  decimal),
+    field("Bit 8",  "Read Recovery Level 8",  decimal),
+    field("Bit 9",  "Read Recovery Level 9",  decimal),
+    field("Bit 10", "Read Recovery Level 10", decimal),
+    field("Bit 11", "Read Recovery Level 11", decimal),
+    field("Bit 12", "Read Recovery Level 12", decimal),
+    field("Bit 13", "Read Recovery Level 13", decimal),
+    field("Bit 14", "Read Recovery Level 14", decimal),
+    field("Bit 15", "Read Recovery Level 15", decimal),
 };
 
 constexpr Row kSubsystemReport[] = {
-    field("Bit 1", "NVMe Enclosure",      bit(1), decimal),
-    field("Bit 0", "NVMe Storage Device", bit(0), decimal),
+    field("Bit 1", "NVMe Enclosure",      decimal),
+    field("Bit 0", "NVMe Storage Device", decimal),
 };
 
 constexpr Row kVpdWriteCycles[] = {
-    field("Bit 7",   "VPD Write Cycle Remaining Valid", bit(7),     decimal),
-    field("Bit 0-6", "VPD Write Cycles Remaining",      bits(6, 0), hex()),
+    field("Bit 7",   "VPD Write Cycle Remaining Valid", decimal),
+    field("Bit 0-6", "VPD Write Cycles Remaining",      hex()),
 };
 
 constexpr Row kManagementEndpoints[] = {
-    field("Bit 1", "PCIe Port Management Endpoint",      bit(1), decimal),
-    field("Bit 0", "SMBus/I2C Port Management Endpoint", bit(0), decimal),
+    field("Bit 1", "PCIe Port Management Endpoint",      decimal),
+    field("Bit 0", "SMBus/I2C Port Management Endpoint", decimal),
 };
 
 constexpr Row kAdminCommands[] = {
-    field("Bit 9", "Support Get LBA Status",                      bit(9), decimal).since(kNVMe1_3 | kNVMe1_4),
-    field("Bit 8", "Support Doorbell Buffer Config",              bit(8), decimal).since(kNVMe1_3),
-    field("Bit 7", "Support Virtualization Management",           bit(7), decimal).since(kNVMe1_3),
-    field("Bit 6", "Support NVMe-MI Send/Receive",                bit(6), decimal).since(kNVMe1_3),
-    field("Bit 5", "Support Directives",                          bit(5), decimal).since(kNVMe1_3),
-    field("Bit 4", "Support Device Self Test",                    bit(4), decimal).since(kNVMe1_3),
-    field("Bit 3", "Support Namespace Management and Attachment", bit(3), decimal).since(kNVMe1_2),
-    field("Bit 2", "Support Firmware Activate Download",          bit(2), decimal),
-    field("Bit 1", "Support Format NVM",                          bit(1), decimal),
-    field("Bit 0", "Support Security Send Receive",               bit(0), decimal),
+    field("Bit 9", "Support Get LBA Status",                      decimal).since(kNVMe1_3 | kNVMe1_4),
+    field("Bit 8", "Support Doorbell Buffer Config",              decimal).since(kNVMe1_3),
+    field("Bit 7", "Support Virtualization Management",           decimal).since(kNVMe1_3),
+    field("Bit 6", "Support NVMe-MI Send/Receive",                decimal).since(kNVMe1_3),
+    field("Bit 5", "Support Directives",                          decimal).since(kNVMe1_3),
+    field("Bit 4", "Support Device Self Test",                    decimal).since(kNVMe1_3),
+    field("Bit 3", "Support Namespace Management and Attachment", decimal).since(kNVMe1_2),
+    field("Bit 2", "Support Firmware Activate Download",          decimal),
+    field("Bit 1", "Support Format NVM",                          decimal),
+    field("Bit 0", "Support Security Send Receive",               decimal),
 };
 
 constexpr Row kFirmwareUpdates[] = {
-    field("Bit 4",   "Firmware Activation with No Reset", bit(4),     hex()).since(kNVMe1_2),
-    field("Bit 3:1", "Number FW Slots Support",           bits(3, 1), hex()),
-    field("Bit 0",   "Is FW Slot Read Only",              bit(0),     hex()),
+    field("Bit 4",   "Firmware Activation with No Reset", hex()).since(kNVMe1_2),
+    field("Bit 3:1", "Number FW Slots Support",           hex()),
+    field("Bit 0",   "Is FW Slot Read Only",              hex()),
 };
 
 constexpr Row kLogPageAttributes[] = {
-    field("Bit 6", "Support Telemetry Data Area 4",                       bit(6), decimal).since(kNVMe2_0),
-    field("Bit 5", "Support Command Effects Log Enhancements (TP 4071b)", bit(5), decimal).since(kNVMe1_4),
-    field("Bit 4", "Support Persistent Event Log",                        bit(4), decimal).since(kNVMe1_4),
-    field("Bit 3", "Support Telemetry Log",                               bit(3), decimal).since(kNVMe1_4),
-    field("Bit 2", "Support Extended Get Log Page",                       bit(2), decimal).since(kNVMe1_4),
-    field("Bit 1", "Support Commands Effects Log",                        bit(1), decimal).since(kNVMe1_4),
-    field("Bit 0", "Support SMART Per Namespace",                         bit(0), decimal),
+    field("Bit 6", "Support Telemetry Data Area 4",                       decimal).since(kNVMe2_0),
+    field("Bit 5", "Support Command Effects Log Enhancements (TP 4071b)", decimal).since(kNVMe1_4),
+    field("Bit 4", "Support Persistent Event Log",                        decimal).since(kNVMe1_4),
+    field("Bit 3", "Support Telemetry Log",                               decimal).since(kNVMe1_4),
+    field("Bit 2", "Support Extended Get Log Page",                       decimal).since(kNVMe1_4),
+    field("Bit 1", "Support Commands Effects Log",                        decimal).since(kNVMe1_4),
+    field("Bit 0", "Support SMART Per Namespace",                         decimal),
 };
 
 constexpr Row kAdminVendorSpecific[] = {
-    field("Bit 0", "Admin Vendor Specific CMD Format", bit(0), decimal),
+    field("Bit 0", "Admin Vendor Specific CMD Format", decimal),
 };
 
 constexpr Row kAutonomousPowerStates[] = {
-    field("Bit 0", "Autonomous Power State Transitions Support", bit(0), decimal),
+    field("Bit 0", "Autonomous Power State Transitions Support", decimal),
 };
 
 constexpr Row kReplayProtectedMemory[] = {
-    field("Bit 31:24", "Access Size",           bits(31, 24), decimal),
-    field("Bit 23:16", "Total Size",            bits(23, 16), decimal),
-    field("Bit 5:3",   "Authentication Method", bits(5, 3),   decimal),
-    field("Bit 2:0",   "Number of RPMB Units",  bits(2, 0),   decimal),
+    field("Bit 31:24", "Access Size",           decimal),
+    field("Bit 23:16", "Total Size",            decimal),
+    field("Bit 5:3",   "Authentication Method", decimal),
+    field("Bit 2:0",   "Number of RPMB Units",  decimal),
 };
 
 constexpr Row kSelfTestOptions[] = {
-    field("Bit 0", "One Self-Test Operation At A Time", bit(0), decimal),
+    field("Bit 0", "One Self-Test Operation At A Time", decimal),
 };
 
 constexpr Row kThermalManagement[] = {
-    field("Bit 0", "Thermal Management Support", bit(0), decimal),
+    field("Bit 0", "Thermal Management Support", decimal),
 };
 
 constexpr Row kSanitize[] = {
-    field("Bit 30-31", "No Deallocate Modifies Media After Sanitize", bits(31, 30), decimal).since(kNVMe1_4),
-    field("Bit 29",    "No Deallocate Inhibited",                     bit(29),      decimal).since(kNVMe1_4),
-    field("Bit 2",     "Overwrite Support",                           bit(2),       decimal),
-    field("Bit 1",     "Block Erase Support",                         bit(1),       decimal),
-    field("Bit 0",     "Crypto Erase Support",                        bit(0),       decimal),
+    field("Bit 30-31", "No Deallocate Modifies Media After Sanitize", decimal).since(kNVMe1_4),
+    field("Bit 29",    "No Deallocate Inhibited",                     decimal).since(kNVMe1_4),
+    field("Bit 2",     "Overwrite Support",                           decimal),
+    field("Bit 1",     "Block Erase Support",                         decimal),
+    field("Bit 0",     "Crypto Erase Support",                        decimal),
 };
 
 constexpr Row kAnaCapabilities[] = {
-    field("Bit 7", "ANAGRPID Non-Zero Value Support",          bit(7), decimal),
-    field("Bit 6", "ANAGRPID Change While Namespace Attached", bit(6), decimal),
-    field("Bit 4", "ANA Change State Report",                  bit(4), decimal),
-    field("Bit 3", "ANA Persistent Loss State Report",         bit(3), decimal),
-    field("Bit 2", "ANA Inaccesible State Report",             bit(2), decimal),
-    field("Bit 1", "ANA Non-Optimized State Report",           bit(1), decimal),
-    field("Bit 0", "ANA Optimized State Report",               bit(0), decimal),
+    field("Bit 7", "ANAGRPID Non-Zero Value Support",          decimal),
+    field("Bit 6", "ANAGRPID Change While Namespace Attached", decimal),
+    field("Bit 4", "ANA Change State Report",                  decimal),
+    field("Bit 3", "ANA Persistent Loss State Report",         decimal),
+    field("Bit 2", "ANA Inaccesible State Report",             decimal),
+    field("Bit 1", "ANA Non-Optimized State Report",           decimal),
+    field("Bit 0", "ANA Optimized State Report",               decimal),
 };
 
 constexpr Row kQueueEntrySize[] = {
-    field("Bit 7:4", "Maximum Entry Size", bits(7, 4), hex()),
-    field("Bit 3:0", "Minimum Entry Size", bits(3, 0), hex()),
+    field("Bit 7:4", "Maximum Entry Size", hex()),
+    field("Bit 3:0", "Minimum Entry Size", hex()),
 };
 
 constexpr Row kNvmCommands[] = {
-    field("Bit 7", "Verify Command Support",              bit(7), hex()).since(kNVMe1_4).named(kZeroRun),
-    field("Bit 6", "Timestamp Feature Support",           bit(6), hex()).since(kNVMe1_3),
-    field("Bit 5", "Reservations Support",                bit(5), hex()).since(kNVMe1_2),
-    field("Bit 4", "Save Field Support",                  bit(4), hex()).since(kNVMe1_2),
-    field("Bit 3", "Write Zeroes Support",                bit(3), hex()).since(kNVMe1_2),
-    field("Bit 2", "Dataset Management Command Support",  bit(2), hex()),
-    field("Bit 1", "Write Uncorrectable Command Support", bit(1), hex()),
-    field("Bit 0", "Compare Command Support",             bit(0), hex()),
+    field("Bit 7", "Verify Command Support",              hex()).since(kNVMe1_4).named(kZeroRun),
+    field("Bit 6", "Timestamp Feature Support",           hex()).since(kNVMe1_3),
+    field("Bit 5", "Reservations Support",                hex()).since(kNVMe1_2),
+    field("Bit 4", "Save Field Support",                  hex()).since(kNVMe1_2),
+    field("Bit 3", "Write Zeroes Support",                hex()).since(kNVMe1_2),
+    field("Bit 2", "Dataset Management Command Support",  hex()),
+    field("Bit 1", "Write Uncorrectable Command Support", hex()),
+    field("Bit 0", "Compare Command Support",             hex()),
 };
 
 constexpr Row kFusedOperations[] = {
-    field("Bit 0", "Compare and Write Fused Operation Support", bit(0), hex()),
+    field("Bit 0", "Compare and Write Fused Operation Support", hex()),
 };
 
 constexpr Row kFormatNvmAttributes[] = {
-    field("Bit 2", "cryptographic Erase Support",         bit(2), hex()),
-    field("Bit 1", "secure Erase All Namespaces Support", bit(1), hex()),
-    field("Bit 0", "format All Namespaces Support",       bit(0), hex()),
+    field("Bit 2", "cryptographic Erase Support",         hex()),
+    field("Bit 1", "secure Erase All Namespaces Support", hex()),
+    field("Bit 0", "format All Namespaces Support",       hex()),
 };
 
 constexpr Row kVolatileWriteCache[] = {
-    field("Bit 1-2", "Flush Command Behavior",       bits(2, 1), hex()),
-    field("Bit 0",   "Volatile Write Cache Present", bit(0),     hex()),
+    field("Bit 1-2", "Flush Command Behavior",       hex()),
+    field("Bit 0",   "Volatile Write Cache Present", hex()),
 };
 
 constexpr Row kNvmVendorSpecific[] = {
-    field("Bit 0", "NVM Vendor Specific CMD Format", bit(0), hex()),
+    field("Bit 0", "NVM Vendor Specific CMD Format", hex()),
 };
 
 // "Bit 1" reads bit 2, so it always repeats "Bit 2".
 constexpr Row kWriteProtection[] = {
-    field("Bit 2", "Permanent Write Protect State Support",   bit(2), decimal),
-    field("Bit 1", "Write Protect Until Power Cycle Support", bit(2), decimal),
-    field("Bit 0", "No Write Protect Support",                bit(0), decimal),
+    field("Bit 2", "Permanent Write Protect State Support",   decimal),
+    field("Bit 1", "Write Protect Until Power Cycle Support", decimal).readsBits(bit(2)),
+    field("Bit 0", "No Write Protect Support",                decimal),
 };
 
 constexpr Row kSglSupport[] = {
-    field("Bit 21",  "Transport SGL Data Block Descriptor Support",        bit(21),    hex()).since(kNVMe1_4),
-    field("Bit 20",  "Address Field in SGL Data Block Support",            bit(20),    hex()).since(kNVMe1_3),
-    field("Bit 19",  "Metadata Pointer Containing SGL Descriptor Support", bit(19),    hex()).since(kNVMe1_3),
-    field("Bit 18",  "SGL Data Extended Length Support",                   bit(18),    hex()),
-    field("Bit 17",  "Byte Aligned Contiguous Buffer Support",             bit(17),    hex()),
-    field("Bit 16",  "SGL Bit Bucket Descriptor Support",                  bit(16),    hex()),
-    field("Bit 2",   "Keyed SGL Data Block Descriptor Support",            bit(2),     hex()).since(kNVMe1_3),
-    field("Bit 0:1", "SGL Support for NVM Command Set",                    bits(1, 0), hex()),
+    field("Bit 21",  "Transport SGL Data Block Descriptor Support",        hex()).since(kNVMe1_4),
+    field("Bit 20",  "Address Field in SGL Data Block Support",            hex()).since(kNVMe1_3),
+    field("Bit 19",  "Metadata Pointer Containing SGL Descriptor Support", hex()).since(kNVMe1_3),
+    field("Bit 18",  "SGL Data Extended Length Support",                   hex()),
+    field("Bit 17",  "Byte Aligned Contiguous Buffer Support",             hex()),
+    field("Bit 16",  "SGL Bit Bucket Descriptor Support",                  hex()),
+    field("Bit 2",   "Keyed SGL Data Block Descriptor Support",            hex()).since(kNVMe1_3),
+    field("Bit 0:1", "SGL Support for NVM Command Set",                    hex()),
 };
 
 // One 32-byte power state descriptor. The four relative rows take the whole byte.
 constexpr Row kPowerStateDescriptor[] = {
-    field("Bit 183:182", "Active Power Scale",        bits(183, 182), hex()).since(kNVMe1_2),
-    field("Bit 178:176", "Active Power Workload",     bits(178, 176), hex()).since(kNVMe1_2),
-    field("Bit 175:160", "Active Power",              bits(175, 160), hex()).since(kNVMe1_2),
-    field("Bit 151:150", "Idle Power Scale",          bits(151, 150), hex()).since(kNVMe1_2),
-    field("Bit 143:128", "Idle Power",                bits(143, 128), hex()).since(kNVMe1_2),
-    field("Bit 124:120", "Relative Write Latency",    bits(127, 120), hex()),
-    field("Bit 116:112", "Relative Write Throughput", bits(119, 112), hex()),
-    field("Bit 108:104", "Relative Read Latency",     bits(111, 104), hex()),
-    field("Bit 100:96",  "Relative Read Throughput",  bits(103, 96),  hex()),
-    field("Bit 95:64",   "Exit Latency",              bits(95, 64),   hex()),
-    field("Bit 63:32",   "Entry Latency",             bits(63, 32),   hex()),
-    field("Bit 25",      "Non-Operational State",     bit(25),        hex()).since(kNVMe1_2),
-    field("Bit 24",      "Maximum Power Scale",       bit(24),        hex()).since(kNVMe1_2),
-    field("Bit 15:0",    "Maximum Power",             bits(15, 0),    hex()),
+    field("Bit 183:182", "Active Power Scale",        hex()).since(kNVMe1_2),
+    field("Bit 178:176", "Active Power Workload",     hex()).since(kNVMe1_2),
+    field("Bit 175:160", "Active Power",              hex()).since(kNVMe1_2),
+    field("Bit 151:150", "Idle Power Scale",          hex()).since(kNVMe1_2),
+    field("Bit 143:128", "Idle Power",                hex()).since(kNVMe1_2),
+    field("Bit 124:120", "Relative Write Latency",    hex()).readsBits(bits(127, 120)),
+    field("Bit 116:112", "Relative Write Throughput", hex()).readsBits(bits(119, 112)),
+    field("Bit 108:104", "Relative Read Latency",     hex()).readsBits(bits(111, 104)),
+    field("Bit 100:96",  "Relative Read Throughput",  hex()).readsBits(bits(103, 96)),
+    field("Bit 95:64",   "Exit Latency",              hex()),
+    field("Bit 63:32",   "Entry Latency",             hex()),
+    field("Bit 25",      "Non-Operational State",     hex()).since(kNVMe1_2),
+    field("Bit 24",      "Maximum Power Scale",       hex()).since(kNVMe1_2),
+    field("Bit 15:0",    "Maximum Power",             hex()),
 };
 
-// The three reserved fillers each have one row per version; exactly one of them holds, the
-// newest version the drive claims choosing it.
+constexpr uint32_t kPowerStateCountByte = 263;
+constexpr uint32_t kFirstPowerState = 2048;
+constexpr uint32_t kPowerStateSize = 32;
+
+// The reserved fillers have one row per version; exactly one of them holds, the newest
+// version the drive claims choosing it, so that each version's rows cover the bytes before
+// the power states once.
 constexpr Row kFields[] = {
-    field("Byte 0-1",      "PCI Vendor ID (VID)",                              range(0, 1),      hex(4)),
-    field("Byte 2-3",      "PCI Subsystem Vendor ID (SSVID)",                  range(2, 3),      hex(4)),
-    field("Byte 4-23",     "Serial Number",                                    range(4, 23),     text).as("sn"),
-    field("Byte 24-63",    "Model Number",                                     range(24, 63),    text).as("mn"),
-    field("Byte 64-71",    "Firmware Revision",                                range(64, 71),    text).as("fr"),
-    field("Byte 72",       "Recommended Arbitration Burst (RAB)",              byte(72),         hex(2)),
-    field("Byte 73-75",    "IEEE Organization Unique Identifier",              range(73, 78),    longHex).as("ieee"),
-    group("Byte 76",       "Multi-Path I/O Capabilities",                      byte(76),         hex(),   kMultiPathIo).as("cmic"),
-    field("Byte 77",       "Maximum Data Transfer Size",                       byte(77),         hex()).as("mdts"),
-    field("Byte 78-79",    "Controller ID",                                    range(78, 79),    decimal).since(kNVMe1_1).as("cntlid"),
-    group("Byte 80-83",    "Version",                                          range(80, 83),    hex(4),  kVersion).since(kNVMe1_2).as("ver"),
-    field("Byte 84-87",    "RTD3 Resume Latency",                              range(84, 87),    decimal).since(kNVMe1_2).as("rtd3r"),
-    field("Byte 88-91",    "RTD3 Entry Latency",                               range(88, 91),    decimal).since(kNVMe1_2).as("rtd3e"),
-    group("Byte 92-95",    "Optional Asynchronous Events Supported",           range(92, 95),    hex(8),  kAsynchronousEvents).since(kNVMe1_2).as("oaes"),
-    group("Byte 96-99",    "Controller Attributes",                            range(96, 99),    hex(),   kControllerAttributes).since(kNVMe1_3).as("ctratt"),
-    group("Byte 100-101",  "Read Recovery Levels Supported",                   range(100, 101),  decimal, kReadRecoveryLevels).since(kNVMe1_3 | kNVMe1_4).as("rrls"),
+    field("Byte 0-1",      "PCI Vendor ID (VID)",                              hex(4)),
+    field("Byte 2-3",      "PCI Subsystem Vendor ID (SSVID)",                  hex(4)),
+    field("Byte 4-23",     "Serial Number",                                    text).as("sn"),
+    field("Byte 24-63",    "Model Number",                                     text).as("mn"),
+    field("Byte 64-71",    "Firmware Revision",                                text).as("fr"),
+    field("Byte 72",       "Recommended Arbitration Burst (RAB)",              hex(2)),
+    // Shows the three bytes after its own as well.
+    field("Byte 73-75",    "IEEE Organization Unique Identifier",              longHex).readsPast(range(73, 78)).as("ieee"),
+    group("Byte 76",       "Multi-Path I/O Capabilities",                      hex(),   kMultiPathIo).as("cmic"),
+    field("Byte 77",       "Maximum Data Transfer Size",                       hex()).as("mdts"),
+    field("Byte 78-79",    "Controller ID",                                    decimal).since(kNVMe1_1).as("cntlid"),
+    group("Byte 80-83",    "Version",                                          hex(4),  kVersion).since(kNVMe1_2).as("ver"),
+    field("Byte 84-87",    "RTD3 Resume Latency",                              decimal).since(kNVMe1_2).as("rtd3r"),
+    field("Byte 88-91",    "RTD3 Entry Latency",                               decimal).since(kNVMe1_2).as("rtd3e"),
+    group("Byte 92-95",    "Optional Asynchronous Events Supported",           hex(8),  kAsynchronousEvents).since(kNVMe1_2).as("oaes"),
+    group("Byte 96-99",    "Controller Attributes",                            hex(),   kControllerAttributes).since(kNVMe1_3).as("ctratt"),
+    group("Byte 100-101",  "Read Recovery Levels Supported",                   decimal, kReadRecoveryLevels).since(kNVMe1_3 | kNVMe1_4).as("rrls"),
     reserved("Byte 102-110").since(kNVMe1_3 | kNVMe1_4),
-    field("Byte 111",      "Controller Type",                                  byte(111),        decimal).since(kNVMe1_3 | kNVMe1_4).as("cntrltype"),
+    field("Byte 111",      "Controller Type",                                  decimal).since(kNVMe1_3 | kNVMe1_4).as("cntrltype"),
     reserved("Byte 100-111").since(kNVMe1_3).until(kNVMe1_4),
-    field("Byte 112-127",  "FRU Globally Unique Identifier",                   range(112, 127),  hex128).since(kNVMe1_3).as("fguid"),
-    field("Byte 128-129",  "Command Retry Delay Time 1",                       range(128, 129),  decimal).since(kNVMe1_4).as("crdt1"),
-    field("Byte 130-131",  "Command Retry Delay Time 2",                       range(130, 131),  decimal).since(kNVMe1_4).as("crdt2"),
-    field("Byte 132-133",  "Command Retry Delay Time 3",                       range(132, 133),  decimal).since(kNVMe1_4).as("crdt3"),
+    field("Byte 112-127",  "FRU Globally Unique Identifier",                   hex128).since(kNVMe1_3).as("fguid"),
+    field("Byte 128-129",  "Command Retry Delay Time 1",                       decimal).since(kNVMe1_4).as("crdt1"),
+    field("Byte 130-131",  "Command Retry Delay Time 2",                       decimal).since(kNVMe1_4).as("crdt2"),
+    field("Byte 132-133",  "Command Retry Delay Time 3",                       decimal).since(kNVMe1_4).as("crdt3"),
     reserved("Byte 134-239").since(kNVMe1_4),
     reserved("Byte 128-239").since(kNVMe1_3).until(kNVMe1_4),
     reserved("Byte 96-239").since(kNVMe1_2).until(kNVMe1_3 | kNVMe1_4),
     reserved("Byte 80-255").since(kNVMe1_1).until(kNVMe1_2 | kNVMe1_3 | kNVMe1_4),
     reserved("Byte 78-255").until(kNVMe1_1 | kNVMe1_2 | kNVMe1_3 | kNVMe1_4),
     reserved("Byte 240-252").since(kNVMe1_2),
-    group("Byte 253",      "NVM Subsystem Report",                             byte(253),        hex(),   kSubsystemReport).since(kNVMe1_2).as("nvmsr"),
-    group("Byte 254",      "VPD Write Cycle Information",                      byte(254),        hex(),   kVpdWriteCycles).since(kNVMe1_2).as("vwci"),
-    group("Byte 255",      "Management Endpoint Capabilities",                 byte(255),        hex(),   kManagementEndpoints).since(kNVMe1_2).as("mec"),
-    group("Byte 256-257",  "Optional Admin Command Support",                   range(256, 257),  hex(),   kAdminCommands).as("oacs"),
-    field("Byte 258",      "Abort Command Limit",                              byte(258),        hex()).as("acl"),
-    field("Byte 259",      "Asynchronous Event Request Limit",                 byte(259),        hex()).as("aerl"),
-    group("Byte 260",      "Firmware Updates",                                 byte(260),        hex(),   kFirmwareUpdates).as("frmw"),
-    group("Byte 261",      "Log Page Attributes",                              byte(261),        hex(),   kLogPageAttributes).as("lpa"),
-    field("Byte 262",      "Error Log Page Entries",                           byte(262),        hex()).as("elpe"),
-    field("Byte 263",      "Number of Power States Support",                   byte(263),        hex()).as("npss"),
-    group("Byte 264",      "Admin Vendor Specific Cmd Configuration",          byte(264),        hex(),   kAdminVendorSpecific).as("avscc"),
-    group("Byte 265",      "Autonomous Power State Transition Attributes",     byte(265),        hex(),   kAutonomousPowerStates).since(kNVMe1_2).as("apsta"),
-    field("Byte 266-267",  "Warning Composite Temperature Threshold",          range(266, 267),  decimal).since(kNVMe1_2).as("wctemp"),
-    field("Byte 268-269",  "Critical Composite Temperature Threshold",         range(268, 269),  decimal).since(kNVMe1_2).as("cctemp"),
-    field("Byte 270-271",  "Maximum Time Firmware Activation",                 range(270, 271),  decimal).since(kNVMe1_2).as("mtfa"),
-    field("Byte 272-275",  "Host Memory Buffer Preferred Size",                range(272, 275),  decimal).since(kNVMe1_2).as("hmpre"),
-    field("Byte 276-279",  "Host Memory Buffer Minimum Size",                  range(276, 279),  decimal).since(kNVMe1_2).as("hmmin"),
-    field("Byte 280-295",  "Total NVM Capacity",                               range(280, 295),  hex128).since(kNVMe1_2).as("tnvmcap"),
-    field("Byte 296-311",  "Unallocated NVM Capacity",                         range(296, 311),  hex128).since(kNVMe1_2).as("unvmcap"),
-    group("Byte 312-315",  "Replay Protected Memory Block Support",            range(312, 315),  hex(),   kReplayProtectedMemory).since(kNVMe1_2).as("rpmbs"),
-    field("Byte 316-317",  "Extended Device Self-Test Time",                   range(316, 317),  decimal).since(kNVMe1_3).as("edstt"),
-    group("Byte 318",      "Device Self-Test Options",                         byte(318),        decimal, kSelfTestOptions).since(kNVMe1_3).as("dsto"),
-    field("Byte 319",      "Firmware Update Granularity",                      byte(319),        decimal).since(kNVMe1_3).as("fwug"),
-    field("Byte 320-321",  "Keep Alive Support",                               range(320, 321),  decimal).since(kNVMe1_3).as("kas"),
-    group("Byte 322-323",  "Host Controlled Thermal Management Attributes",    range(322, 323),  decimal, kThermalManagement).since(kNVMe1_3).as("hctma"),
-    field("Byte 324-325",  "Minimum Thermal Management Temperature",           range(324, 325),  decimal).since(kNVMe1_3).as("mntmt"),
-    field("Byte 326-327",  "Maximum Thermal Management Temperature",           range(326, 327),  decimal).since(kNVMe1_3).as("mxtmt"),
-    group("Byte 328-331",  "Sanitize Capabilities",                            range(328, 331),  hex(),   kSanitize).since(kNVMe1_3).as("sanicap"),
-    field("Byte 332-335",  "Host Memory Buffer Minimum Descriptor Entry Size", range(332, 335),  decimal).since(kNVMe1_4).as("hmminds"),
-    field("Byte 336-337",  "Host Memory Maximum Descriptors Entries",          range(336, 337),  decimal).since(kNVMe1_4).as("hmmaxd"),
-    field("Byte 338-339",  "NVM Set Identifier Maximum",                       range(338, 339),  decimal).since(kNVMe1_4).as("nsetidmax"),
-    field("Byte 340-341",  "Endurance Group Identifier Maximum",               range(340, 341),  decimal).since(kNVMe1_4).as("endgidmax"),
-    field("Byte 342",      "ANA Transition Time",                              byte(342),        decimal).since(kNVMe1_4).as("anatt"),
-    group("Byte 342",      "ANA Transition Time",                              byte(343),        hex(2),  kAnaCapabilities).since(kNVMe1_4).as("anacap"),
-    field("Byte 344-347",  "ANA Group Identifier Maximum",                     range(344, 347),  decimal).since(kNVMe1_4).as("anagrpmax"),
-    field("Byte 348-451",  "Number of ANA Group Identifiers",                  range(348, 351),  decimal).since(kNVMe1_4).as("nanagrpid"),
-    field("Byte 352-355",  "Persistent Event Log Size",                        range(352, 355),  decimal).since(kNVMe1_4).as("pels"),
+    group("Byte 253",      "NVM Subsystem Report",                             hex(),   kSubsystemReport).since(kNVMe1_2).as("nvmsr"),
+    group("Byte 254",      "VPD Write Cycle Information",                      hex(),   kVpdWriteCycles).since(kNVMe1_2).as("vwci"),
+    group("Byte 255",      "Management Endpoint Capabilities",                 hex(),   kManagementEndpoints).since(kNVMe1_2).as("mec"),
+    group("Byte 256-257",  "Optional Admin Command Support",                   hex(),   kAdminCommands).as("oacs"),
+    field("Byte 258",      "Abort Command Limit",                              hex()).as("acl"),
+    field("Byte 259",      "Asynchronous Event Request Limit",                 hex()).as("aerl"),
+    group("Byte 260",      "Firmware Updates",                                 hex(),   kFirmwareUpdates).as("frmw"),
+    group("Byte 261",      "Log Page Attributes",                              hex(),   kLogPageAttributes).as("lpa"),
+    field("Byte 262",      "Error Log Page Entries",                           hex()).as("elpe"),
+    field("Byte 263",      "Number of Power States Support",                   hex()).as("npss"),
+    group("Byte 264",      "Admin Vendor Specific Cmd Configuration",          hex(),   kAdminVendorSpecific).as("avscc"),
+    group("Byte 265",      "Autonomous Power State Transition Attributes",     hex(),   kAutonomousPowerStates).since(kNVMe1_2).as("apsta"),
+    field("Byte 266-267",  "Warning Composite Temperature Threshold",          decimal).since(kNVMe1_2).as("wctemp"),
+    field("Byte 268-269",  "Critical Composite Temperature Threshold",         decimal).since(kNVMe1_2).as("cctemp"),
+    field("Byte 270-271",  "Maximum Time Firmware Activation",                 decimal).since(kNVMe1_2).as("mtfa"),
+    field("Byte 272-275",  "Host Memory Buffer Preferred Size",                decimal).since(kNVMe1_2).as("hmpre"),
+    field("Byte 276-279",  "Host Memory Buffer Minimum Size",                  decimal).since(kNVMe1_2).as("hmmin"),
+    field("Byte 280-295",  "Total NVM Capacity",                               hex128).since(kNVMe1_2).as("tnvmcap"),
+    field("Byte 296-311",  "Unallocated NVM Capacity",                         hex128).since(kNVMe1_2).as("unvmcap"),
+    group("Byte 312-315",  "Replay Protected Memory Block Support",            hex(),   kReplayProtectedMemory).since(kNVMe1_2).as("rpmbs"),
+    field("Byte 316-317",  "Extended Device Self-Test Time",                   decimal).since(kNVMe1_3).as("edstt"),
+    group("Byte 318",      "Device Self-Test Options",                         decimal, kSelfTestOptions).since(kNVMe1_3).as("dsto"),
+    field("Byte 319",      "Firmware Update Granularity",                      decimal).since(kNVMe1_3).as("fwug"),
+    field("Byte 320-321",  "Keep Alive Support",                               decimal).since(kNVMe1_3).as("kas"),
+    group("Byte 322-323",  "Host Controlled Thermal Management Attributes",    decimal, kThermalManagement).since(kNVMe1_3).as("hctma"),
+    field("Byte 324-325",  "Minimum Thermal Management Temperature",           decimal).since(kNVMe1_3).as("mntmt"),
+    field("Byte 326-327",  "Maximum Thermal Management Temperature",           decimal).since(kNVMe1_3).as("mxtmt"),
+    group("Byte 328-331",  "Sanitize Capabilities",                            hex(),   kSanitize).since(kNVMe1_3).as("sanicap"),
+    field("Byte 332-335",  "Host Memory Buffer Minimum Descriptor Entry Size", decimal).since(kNVMe1_4).as("hmminds"),
+    field("Byte 336-337",  "Host Memory Maximum Descriptors Entries",          decimal).since(kNVMe1_4).as("hmmaxd"),
+    field("Byte 338-339",  "NVM Set Identifier Maximum",                       decimal).since(kNVMe1_4).as("nsetidmax"),
+    field("Byte 340-341",  "Endurance Group Identifier Maximum",               decimal).since(kNVMe1_4).as("endgidmax"),
+    field("Byte 342",      "ANA Transition Time",                              decimal).since(kNVMe1_4).as("anatt"),
+    // The capabilities are labelled and described as the byte before them.
+    group("Byte 342",      "ANA Transition Time",                              hex(2),  kAnaCapabilities).readsBytes(byte(343)).since(kNVMe1_4).as("anacap"),
+    field("Byte 344-347",  "ANA Group Identifier Maximum",                     decimal).since(kNVMe1_4).as("anagrpmax"),
+    // Four bytes, whatever the label's second number says.
+    field("Byte 348-451",  "Number of ANA Group Identifiers",                  decimal).readsBytes(range(348, 351)).since(kNVMe1_4).as("nanagrpid"),
+    field("Byte 352-355",  "Persistent Event Log Size",                        decimal).since(kNVMe1_4).as("pels"),
     reserved("Byte 356-511").since(kNVMe1_4),
     reserved("Byte 332-511").since(kNVMe1_3).until(kNVMe1_4),
     reserved("Byte 316-511").since(kNVMe1_2).until(kNVMe1_3 | kNVMe1_4),
     reserved("Byte 265-511").until(kNVMe1_2 | kNVMe1_3 | kNVMe1_4),
-    group("Byte 512",      "Submission Queue Entry Size",                      byte(512),        hex(),   kQueueEntrySize).as("sqes"),
-    group("Byte 513",      "Completion Queue Entry Size",                      byte(513),        hex(),   kQueueEntrySize).as("cqes"),
-    field("Byte 514-515",  "Maximum Outstanding Commands",                     range(514, 515),  decimal).since(kNVMe1_3).as("maxcmd"),
+    group("Byte 512",      "Submission Queue Entry Size",                      hex(),   kQueueEntrySize).as("sqes"),
+    group("Byte 513",      "Completion Queue Entry Size",                      hex(),   kQueueEntrySize).as("cqes"),
+    field("Byte 514-515",  "Maximum Outstanding Commands",                     decimal).since(kNVMe1_3).as("maxcmd"),
     reserved("Byte 514-515").until(kNVMe1_3),
-    field("Byte 516-519",  "Number of Namespaces",                             range(516, 519),  hex()).as("nn"),
-    group("Byte 520-521",  "Optional NVM Command Support",                     range(520, 521),  hex(),   kNvmCommands).as("oncs"),
-    group("Byte 522-523",  "Fused Operation Support",                          range(522, 523),  hex(),   kFusedOperations).as("fuses"),
-    group("Byte 524",      "Format NVM Attributes",                            byte(524),        hex(),   kFormatNvmAttributes).as("fna"),
-    group("Byte 525",      "Volatile Write Cache",                             byte(525),        hex(),   kVolatileWriteCache).as("vwc"),
-    field("Byte 526-527",  "Atomic Write Unit Normal",                         range(526, 527),  hex()).as("awun"),
-    field("Byte 528-529",  "Atomic Write Unit Power Fail",                     range(528, 529),  hex()).as("awupf"),
-    group("Byte 530",      "NVM Vendor Specific Command Configuration",        byte(530),        hex(),   kNvmVendorSpecific).as("nvscc"),
-    group("Byte 531",      "Namespace Write Protection Capabilities",          byte(531),        decimal, kWriteProtection).since(kNVMe1_2 | kNVMe1_4).as("nwpc"),
+    field("Byte 516-519",  "Number of Namespaces",                             hex()).as("nn"),
+    group("Byte 520-521",  "Optional NVM Command Support",                     hex(),   kNvmCommands).as("oncs"),
+    group("Byte 522-523",  "Fused Operation Support",                          hex(),   kFusedOperations).as("fuses"),
+    group("Byte 524",      "Format NVM Attributes",                            hex(),   kFormatNvmAttributes).as("fna"),
+    group("Byte 525",      "Volatile Write Cache",                             hex(),   kVolatileWriteCache).as("vwc"),
+    field("Byte 526-527",  "Atomic Write Unit Normal",                         hex()).as("awun"),
+    field("Byte 528-529",  "Atomic Write Unit Power Fail",                     hex()).as("awupf"),
+    group("Byte 530",      "NVM Vendor Specific Command Configuration",        hex(),   kNvmVendorSpecific).as("nvscc"),
+    group("Byte 531",      "Namespace Write Protection Capabilities",          decimal, kWriteProtection).since(kNVMe1_2 | kNVMe1_4).as("nwpc"),
     reserved("Byte 531").since(kNVMe1_2).until(kNVMe1_4),
-    field("Byte 532-533",  "Atomic Compare and Write Unit",                    range(532, 533),  decimal).since(kNVMe1_2).as("acwu"),
+    field("Byte 532-533",  "Atomic Compare and Write Unit",                    decimal).since(kNVMe1_2).as("acwu"),
     reserved("Byte 534-535").since(kNVMe1_2),
-    group("Byte 536-539",  "SGL Support",                                      range(536, 539),  hex(),   kSglSupport).since(kNVMe1_2).as("sgls"),
-    field("Byte 540-543",  "Maximum Number of Allowed Namespaces",             range(540, 543),  decimal).since(kNVMe1_4).as("mnan"),
+    group("Byte 536-539",  "SGL Support",                                      hex(),   kSglSupport).since(kNVMe1_2).as("sgls"),
+    field("Byte 540-543",  "Maximum Number of Allowed Namespaces",             decimal).since(kNVMe1_4).as("mnan"),
     reserved("Byte 544-767").since(kNVMe1_4),
     reserved("Byte 540-767").since(kNVMe1_3).until(kNVMe1_4),
     reserved("Byte 540-2047").since(kNVMe1_2).until(kNVMe1_3 | kNVMe1_4),
     reserved("Byte 531-2047").until(kNVMe1_2 | kNVMe1_3 | kNVMe1_4),
-    field("Byte 768-1023", "NVM Subsystem NVMe Qualified name",                range(768, 1023), text).since(kNVMe1_3).as("subnqn"),
+    field("Byte 768-1023", "NVM Subsystem NVMe Qualified name",                text).since(kNVMe1_3).as("subnqn"),
     reserved("Byte 1024-2047").since(kNVMe1_3),
 };
 
+static_assert(tilesEachVersion(kFields, kFirstPowerState));
+
 // Shown only for the two editions of the first family.
 constexpr Row kPcieRefclk[] = {
-    field("Byte 3072", "Auto Detected PCIe Refclk", byte(3072), decimal),
+    field("Byte 3072", "Auto Detected PCIe Refclk", decimal),
 };
 
 constexpr Row kVeldraFields[] = {
-    field("Byte 3075",      "Stripe Size",                      byte(3075),        decimal).named(kStripeSize),
-    field("Byte 3076-3095", "Standardized Failure Mode String", range(3076, 3095), textOr("Healthy")),
-    field("Byte 3096",      "Current PCIe Link Speed",          byte(3096),        decimal),
-    field("Byte 3097",      "Negotiated PCIe Link Width",       byte(3097),        decimal),
-    field("Byte 3098",      "Security Capabilities",            byte(3098),        decimal),
-    field("Byte 3099",      "Security Status",                  byte(3099),        decimal),
-    field("Byte 3100-3107", "Bootloader Revision",              range(3100, 3107), text),
+    field("Byte 3075",      "Stripe Size",                      decimal).named(kStripeSize),
+    field("Byte 3076-3095", "Standardized Failure Mode String", textOr("Healthy")),
+    field("Byte 3096",      "Current PCIe Link Speed",          decimal),
+    field("Byte 3097",      "Negotiated PCIe Link Width",       decimal),
+    field("Byte 3098",      "Security Capabilities",            decimal),
+    field("Byte 3099",      "Security Status",                  decimal),
+    field("Byte 3100-3107", "Bootloader Revision",              text),
 };
 
 constexpr Row kBridgeFields[] = {
-    field("Byte 3840",      "Bridge Current Temp",              byte(3840),        hex()),
-    field("Byte 3841",      "Bridge Over Temp Last",            byte(3841),        hex()),
-    field("Byte 3842",      "Bridge Over Temp Life",            byte(3842),        hex()),
-    field("Byte 3843",      "Bridge Min Temp Life",             byte(3843),        hex()),
-    field("Byte 3844",      "Bridge Max Temp Life",             byte(3844),        hex()),
-    field("Byte 3904",      "Bridge EEPROM Version",            byte(3904),        hex()),
-    field("Byte 3905-3912", "Core Firmware Revision",           range(3905, 3912), text),
-    field("Byte 3913-3914", "Bridge EEPROM Device ID",          range(3913, 3914), hex()),
-    field("Byte 3936",      "This Port Current Link Speed",     byte(3936),        hex()),
-    field("Byte 3937",      "This Port Negotiated Link Width",  byte(3937),        hex()),
-    field("Byte 3938",      "Other Port Current Link Speed",    byte(3938),        hex()),
-    field("Byte 3939",      "Other Port Negotiated Link Width", byte(3939),        hex()),
-    field("Byte 3940",      "Background Link Speed",            byte(3940),        hex()),
-    field("Byte 3941",      "Background Link Width",            byte(3941),        hex()),
+    field("Byte 3840",      "Bridge Current Temp",              hex()),
+    field("Byte 3841",      "Bridge Over Temp Last",            hex()),
+    field("Byte 3842",      "Bridge Over Temp Life",            hex()),
+    field("Byte 3843",      "Bridge Min Temp Life",             hex()),
+    field("Byte 3844",      "Bridge Max Temp Life",             hex()),
+    field("Byte 3904",      "Bridge EEPROM Version",            hex()),
+    field("Byte 3905-3912", "Core Firmware Revision",           text),
+    field("Byte 3913-3914", "Bridge EEPROM Device ID",          hex()),
+    field("Byte 3936",      "This Port Current Link Speed",     hex()),
+    field("Byte 3937",      "This Port Negotiated Link Width",  hex()),
+    field("Byte 3938",      "Other Port Current Link Speed",    hex()),
+    field("Byte 3939",      "Other Port Negotiated Link Width", hex()),
+    field("Byte 3940",      "Background Link Speed",            hex()),
+    field("Byte 3941",      "Background Link Width",            hex()),
 };
 
 // The blank that opens " Byte 3114-3115" has always been there.
 constexpr Row kOemFields[] = {
-    field("Byte 3108-3109",  "Vendor ID",           range(3108, 3109), hex()),
-    field("Byte 3110-3111",  "Device ID",           range(3110, 3111), hex()),
-    field("Byte 3112-3113",  "Subsystem Vendor ID", range(3112, 3113), hex()),
-    field(" Byte 3114-3115", "Subsystem ID",        range(3114, 3115), hex()),
-    field("Byte 3116-3123",  "Oracle Part Number",  range(3116, 3123), text),
-    field("Byte 3124-3139",  "Oracle Model Number", range(3124, 3139), text),
+    field("Byte 3108-3109",  "Vendor ID",           hex()),
+    field("Byte 3110-3111",  "Device ID",           hex()),
+    field("Byte 3112-3113",  "Subsystem Vendor ID", hex()),
+    field(" Byte 3114-3115", "Subsystem ID",        hex()),
+    field("Byte 3116-3123",  "Oracle Part Number",  text),
+    field("Byte 3124-3139",  "Oracle Model Number", text),
 };
 // clang-format on
-
-constexpr uint32_t kPowerStateCountByte = 263;
-constexpr uint32_t kFirstPowerState = 2048;
-constexpr uint32_t kPowerStateSize = 32;
 
 // As many descriptors as byte 263 says plus one. The count has no bound of its own; the walk
 // stops where the payload does.
