@@ -125,13 +125,6 @@ void addFields(core::xml::XmlObject& parent, Table rows, const Source& source, G
   addAdmitted(parent, rows, source, gate, Bytes{0, 0}, false);
 }
 
-void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sections,
-               const Source& source) {
-  for (const Section& section : sections) {
-    addFields(parent, section.rows, source, section.gate);
-  }
-}
-
 void addProperties(core::xml::XmlObject& parent, Table rows, const Source& source) {
   addAdmitted(parent, rows, source, Gate{}, Bytes{0, 0}, true);
 }

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 
 #include "orlo/features/identify/NVMeVersionGate.h"
@@ -308,7 +307,8 @@ struct Section {
 // starts where the one before it ended, from byte 0 on; kUntiled when one leaves a gap or
 // overlaps.
 constexpr uint32_t kUntiled = UINT32_MAX;
-constexpr uint32_t tiledUpTo(std::initializer_list<Section> sections, NVMeVersions versions) {
+template <std::size_t N>
+constexpr uint32_t tiledUpTo(const Section (&sections)[N], NVMeVersions versions) {
   uint32_t next = 0;
   for (const Section& section : sections) {
     for (const Row& row : section.rows) {
@@ -320,7 +320,8 @@ constexpr uint32_t tiledUpTo(std::initializer_list<Section> sections, NVMeVersio
   return next;
 }
 constexpr uint32_t tiledUpTo(Table rows, NVMeVersions versions) {
-  return tiledUpTo({Section{Gate{}, rows}}, versions);
+  const Section whole[] = {Section{Gate{}, rows}};
+  return tiledUpTo(whole, versions);
 }
 
 // What drives announce, oldest first: no version past 1.0, then each newer one on top.
@@ -358,8 +359,12 @@ struct Source {
 // kelvins for a temperature), a 128-bit form its exact decimal digits, text its text and
 // other hex forms the text shown; a group without a value is an object.
 void addFields(core::xml::XmlObject& parent, Table rows, const Source& source, Gate gate = Gate{});
-void addFields(core::xml::XmlObject& parent, std::initializer_list<Section> sections,
-               const Source& source);
+template <std::size_t N>
+void addFields(core::xml::XmlObject& parent, const Section (&sections)[N], const Source& source) {
+  for (const Section& section : sections) {
+    addFields(parent, section.rows, source, section.gate);
+  }
+}
 
 // Appends the admitted rows of `rows` to `parent` as properties.
 void addProperties(core::xml::XmlObject& parent, Table rows, const Source& source);
