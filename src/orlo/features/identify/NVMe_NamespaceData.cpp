@@ -18,33 +18,33 @@ constexpr uint32_t kNumberOfLbaFormats = 25;
 
 // clang-format off
 constexpr Row kNamespaceFeatures[] = {
-    field("Bits 7:5", "Reserved",                                    bits(7, 5), decimal),
-    field("Bit 4",    "NPWG, NPWA, NPDG, NPDA, NOWS Fields Support", bit(4),     decimal).since(kNVMe1_4),
-    field("Bit 3",    "Non-Zero NGUID and EUI64 Non-Reuse Support",  bit(3),     decimal).since(kNVMe1_3),
-    field("Bit 2",    "Unwritten Logical Block Error Support",       bit(2),     decimal).since(kNVMe1_2),
-    field("Bit 1",    "NAWUN, NAWUPF, NACWU Fields Support",         bit(1),     decimal).since(kNVMe1_2),
-    field("Bit 0",    "Thin Provisioning Support",                   bit(0),     decimal),
+    field("Bits 7:5", "Reserved",                                    decimal),
+    field("Bit 4",    "NPWG, NPWA, NPDG, NPDA, NOWS Fields Support", decimal).since(kNVMe1_4),
+    field("Bit 3",    "Non-Zero NGUID and EUI64 Non-Reuse Support",  decimal).since(kNVMe1_3),
+    field("Bit 2",    "Unwritten Logical Block Error Support",       decimal).since(kNVMe1_2),
+    field("Bit 1",    "NAWUN, NAWUPF, NACWU Fields Support",         decimal).since(kNVMe1_2),
+    field("Bit 0",    "Thin Provisioning Support",                   decimal),
 };
 
 constexpr Row kFormattedLbaSize[] = {
-    field("Bits 7:5", "Reserved",              bits(7, 5), decimal),
-    field("Bit 4",    "Metadata transfer bit", bit(4),     decimal),
-    field("Bits 0:3", "LBA Format Support",    bits(3, 0), decimal),
+    field("Bits 7:5", "Reserved",              decimal),
+    field("Bit 4",    "Metadata transfer bit", decimal),
+    field("Bits 0:3", "LBA Format Support",    decimal),
 };
 
 constexpr Row kMetadataCapabilities[] = {
-    field("Bits 7:2", "Reserved",                                                  bits(7, 2), decimal),
-    field("Bit 1",    "Metadata transferred as part of a separate buffer support", bit(1),     decimal),
-    field("Bit 0",    "Metadata transferred part of extended data LBA Support",    bit(0),     decimal),
+    field("Bits 7:2", "Reserved",                                                  decimal),
+    field("Bit 1",    "Metadata transferred as part of a separate buffer support", decimal),
+    field("Bit 0",    "Metadata transferred part of extended data LBA Support",    decimal),
 };
 
 constexpr Row kDataProtectionCapabilities[] = {
-    field("Bits 7:5", "Reserved",                                                         bits(7, 5), decimal),
-    field("Bit 4",    "Protection Info transferred as last 8 bytes of metadata Support",  bit(4),     decimal),
-    field("Bit 3",    "Protection Info transferred as first 8 bytes of metadata Support", bit(3),     decimal),
-    field("Bit 2",    "Protection Type 3 Support",                                        bit(2),     decimal),
-    field("Bit 1",    "Protection Type 2 Support",                                        bit(1),     decimal),
-    field("Bit 0",    "Protection Type 1 Support",                                        bit(0),     decimal),
+    field("Bits 7:5", "Reserved",                                                         decimal),
+    field("Bit 4",    "Protection Info transferred as last 8 bytes of metadata Support",  decimal),
+    field("Bit 3",    "Protection Info transferred as first 8 bytes of metadata Support", decimal),
+    field("Bit 2",    "Protection Type 3 Support",                                        decimal),
+    field("Bit 1",    "Protection Type 2 Support",                                        decimal),
+    field("Bit 0",    "Protection Type 1 Support",                                        decimal),
 };
 
 constexpr const char* kTransferWords[] = {
@@ -61,78 +61,79 @@ constexpr const char* kProtectionTypeWords[] = {
 constexpr Words kProtectionType = appended(kProtectionTypeWords, " (Reserved)");
 
 constexpr Row kDataProtectionSettings[] = {
-    field("Bits 7:4", "Reserved",                        bits(7, 4), hex()),
-    field("Bit 3",    "Protection Information Transfer", bit(3),     decimal).named(kTransfer),
-    field("Bits 2:0", "Protection Type Information",     bits(2, 0), decimal).named(kProtectionType),
+    field("Bits 7:4", "Reserved",                        hex()),
+    field("Bit 3",    "Protection Information Transfer", decimal).named(kTransfer),
+    field("Bits 2:0", "Protection Type Information",     decimal).named(kProtectionType),
 };
 
 constexpr Row kMultiPathSharing[] = {
-    field("Bits 7:1", "Reserved",                    bits(7, 1), hex()),
-    field("Bit 0",    "Namespace is Private/Shared", bit(0),     decimal),
+    field("Bits 7:1", "Reserved",                    hex()),
+    field("Bit 0",    "Namespace is Private/Shared", decimal),
 };
 
 constexpr Row kReservationCapabilities[] = {
-    field("Bit 7", "Ignore Existing Key Revision Support",         bit(7), decimal).since(kNVMe1_3),
-    field("Bit 6", "Exclusive Access All Registrants supported",   bit(6), decimal),
-    field("Bit 5", "Write Exclusive All Registrants supported",    bit(5), decimal),
-    field("Bit 4", "Exclusive Access Registrants Only supported ", bit(4), decimal),
-    field("Bit 3", "Write Exclusive Registrants Only supported",   bit(3), decimal),
-    field("Bit 2", "Exclusive Access supported",                   bit(2), decimal),
-    field("Bit 1", "Write Exclusive supported",                    bit(1), decimal),
-    field("Bit 0", "Protection Type 1 Support",                    bit(0), decimal),
+    field("Bit 7", "Ignore Existing Key Revision Support",         decimal).since(kNVMe1_3),
+    field("Bit 6", "Exclusive Access All Registrants supported",   decimal),
+    field("Bit 5", "Write Exclusive All Registrants supported",    decimal),
+    field("Bit 4", "Exclusive Access Registrants Only supported ", decimal),
+    field("Bit 3", "Write Exclusive Registrants Only supported",   decimal),
+    field("Bit 2", "Exclusive Access supported",                   decimal),
+    field("Bit 1", "Write Exclusive supported",                    decimal),
+    field("Bit 0", "Protection Type 1 Support",                    decimal),
 };
 
 constexpr Row kFormatProgress[] = {
-    field("Bit 7",    "Supported",            bit(7),     decimal),
-    field("Bits 6:0", "Percentage Remaining", bits(6, 0), decimal),
+    field("Bit 7",    "Supported",            decimal),
+    field("Bits 6:0", "Percentage Remaining", decimal),
 };
 
 constexpr Row kDeallocateFeatures[] = {
-    field("Bits 7:5", "Reserved",                                         bits(7, 5), hex()),
-    field("Bit 4",    "Guard Field for Deallocated Logical Blocks Value", bit(4),     decimal),
-    field("Bit 3",    "Deallocate Bit in Write Zeroes Command Supported", bit(3),     decimal),
-    field("Bits 2:0", "Deallocated Logical Block and Metadata Value",     bits(2, 0), decimal),
+    field("Bits 7:5", "Reserved",                                         hex()),
+    field("Bit 4",    "Guard Field for Deallocated Logical Blocks Value", decimal),
+    field("Bit 3",    "Deallocate Bit in Write Zeroes Command Supported", decimal),
+    field("Bits 2:0", "Deallocated Logical Block and Metadata Value",     decimal),
 };
 
 constexpr Row kNamespaceAttributes[] = {
-    field("Bits 7:1", "Reserved",        bits(7, 1), hex()),
-    field("Bit 0",    "Write Protected", bit(0),     decimal),
+    field("Bits 7:1", "Reserved",        hex()),
+    field("Bit 0",    "Write Protected", decimal),
 };
 
 // Read as two little-endian numbers: x at 104, and y at 112, whose low 24 bits are the OUI.
+// The labels count from the start of the structure, the rows from the group's first byte.
 constexpr Row kGloballyUniqueIdentifier[] = {
-    field("Bytes 111:104", "Vendor Specific Extension",          range(0, 7),  hex(16)),
-    field("Bytes 114:112", "Organizationally Unique Identifier", range(8, 15), bits(23, 0),  hex(6)),
-    field("Bytes 119:115", "Extension Identifier",               range(8, 15), bits(63, 24), hex(10)),
+    field("Bytes 111:104", "Vendor Specific Extension",          hex(16)).readsBytes(range(0, 7)),
+    field("Bytes 114:112", "Organizationally Unique Identifier", hex(6)).readsBytes(range(8, 15)).readsBits(bits(23, 0)),
+    field("Bytes 119:115", "Extension Identifier",               hex(10)).readsBytes(range(8, 15)).readsBits(bits(63, 24)),
 };
 
 constexpr Row kFirstTable[] = {
-    field("Bytes 07:00", "Namespace Size",                           range(7, 0),   decimal).as("nsze"),
-    field("Bytes 15:08", "Namespace Capacity",                       range(15, 8),  decimal).as("ncap"),
-    field("Bytes 23:16", "Namespace Utilization",                    range(23, 16), decimal).as("nuse"),
-    group("Byte 24",     "Namespace Features",                       byte(24),      hex(2), kNamespaceFeatures).as("nsfeat"),
-    field("Byte 25",     "Number of LBA Formats",                    byte(25),      hex(2)).as("nlbaf"),
-    group("Byte 26",     "Formatted LBA Size",                       byte(26),      hex(2), kFormattedLbaSize).as("flbas"),
-    group("Byte 27",     "Metadata Capabilities",                    byte(27),      hex(2), kMetadataCapabilities).as("mc"),
-    group("Byte 28",     "End-to-end Data Protection Capabilities",  byte(28),      hex(2), kDataProtectionCapabilities).as("dpc"),
-    group("Byte 29",     "End-to-end Data Protection Type Settings", byte(29),      hex(2), kDataProtectionSettings).as("dps"),
+    field("Bytes 07:00", "Namespace Size",                           decimal).as("nsze"),
+    field("Bytes 15:08", "Namespace Capacity",                       decimal).as("ncap"),
+    field("Bytes 23:16", "Namespace Utilization",                    decimal).as("nuse"),
+    group("Byte 24",     "Namespace Features",                       hex(2), kNamespaceFeatures).as("nsfeat"),
+    field("Byte 25",     "Number of LBA Formats",                    hex(2)).as("nlbaf"),
+    group("Byte 26",     "Formatted LBA Size",                       hex(2), kFormattedLbaSize).as("flbas"),
+    group("Byte 27",     "Metadata Capabilities",                    hex(2), kMetadataCapabilities).as("mc"),
+    group("Byte 28",     "End-to-end Data Protection Capabilities",  hex(2), kDataProtectionCapabilities).as("dpc"),
+    group("Byte 29",     "End-to-end Data Protection Type Settings", hex(2), kDataProtectionSettings).as("dps"),
 };
 
 constexpr Row kSecondTable[] = {
-    group("Byte 30",     "Namespace Multi-path I/O and Sharing Capabilities", byte(30),      bareHex(2), kMultiPathSharing).as("nmic"),
-    group("Byte 31",     "Reservation Capabilities",                          byte(31),      hex(2),     kReservationCapabilities).as("rescap"),
-    group("Byte 32",     "Format Progress Indicator",                         byte(32),      hex(2),     kFormatProgress).as("fpi"),
-    group("Byte 33",     "Deallocate Logical Block Features",                 byte(33),      hex(2),     kDeallocateFeatures).since(kNVMe1_3).as("dlfeat"),
+    group("Byte 30",     "Namespace Multi-path I/O and Sharing Capabilities", bareHex(2), kMultiPathSharing).as("nmic"),
+    group("Byte 31",     "Reservation Capabilities",                          hex(2),     kReservationCapabilities).as("rescap"),
+    group("Byte 32",     "Format Progress Indicator",                         hex(2),     kFormatProgress).as("fpi"),
+    group("Byte 33",     "Deallocate Logical Block Features",                 hex(2),     kDeallocateFeatures).since(kNVMe1_3).as("dlfeat"),
     reserved("Byte 33").until(kNVMe1_3),
-    field("Bytes 35:34", "Namespace Atomic Write Unit Normal",                range(35, 34), hex(4)).as("nawun"),
-    field("Bytes 37:36", "Namespace Atomic Write Unit Power Fail",            range(37, 36), hex(4)).as("nawupf"),
-    field("Bytes 39:38", "Namespace Atomic Compare & Write Unit",             range(39, 38), hex(4)).as("nacwu"),
-    field("Bytes 41:40", "Namespace Atomic Boundary Size Normal",             range(41, 40), hex(4)).as("nabsn"),
-    field("Bytes 43:42", "Namespace Atomic Boundary Offset",                  range(43, 42), hex(4)).as("nabo"),
-    field("Bytes 45:44", "Namespace Atomic Boundary Size Power Fail",         range(45, 44), hex(4)).as("nabspf"),
-    field("Bytes 47:46", "Namespace Optimal I/O Boundary",                    range(47, 46), hex(4)).since(kNVMe1_3).as("noiob"),
+    field("Bytes 35:34", "Namespace Atomic Write Unit Normal",                hex(4)).as("nawun"),
+    field("Bytes 37:36", "Namespace Atomic Write Unit Power Fail",            hex(4)).as("nawupf"),
+    field("Bytes 39:38", "Namespace Atomic Compare & Write Unit",             hex(4)).as("nacwu"),
+    field("Bytes 41:40", "Namespace Atomic Boundary Size Normal",             hex(4)).as("nabsn"),
+    field("Bytes 43:42", "Namespace Atomic Boundary Offset",                  hex(4)).as("nabo"),
+    field("Bytes 45:44", "Namespace Atomic Boundary Size Power Fail",         hex(4)).as("nabspf"),
+    field("Bytes 47:46", "Namespace Optimal I/O Boundary",                    hex(4)).since(kNVMe1_3).as("noiob"),
     reserved("Bytes 47:46").until(kNVMe1_3),
-    field("Bytes 63:48", "NVM Capacity",                                      range(63, 48), hex128).as("nvmcap"),
+    field("Bytes 63:48", "NVM Capacity",                                      hex128).as("nvmcap"),
 };
 
 constexpr Row kBeforeThirdTable[] = {
@@ -140,22 +141,22 @@ constexpr Row kBeforeThirdTable[] = {
 };
 
 constexpr Row kThirdTable[] = {
-    field("Bytes 65:64",   "Namespace Preferred Write Granularity",      range(65, 64),   hex(4)).as("npwg"),
-    field("Bytes 67:66",   "Namespace Preferred Write Alignment",        range(67, 66),   hex(4)).as("npwa"),
-    field("Bytes 69:68",   "Namespace Preferred Deallocate Granularity", range(69, 68),   hex(4)).as("npdg"),
-    field("Bytes 71:70",   "Namespace Preferred Deallocate Alignment",   range(71, 70),   hex(4)).as("npda"),
-    field("Bytes 73:72",   "Namespace Optimal Write Size",               range(73, 72),   hex(4)).as("nows"),
+    field("Bytes 65:64",   "Namespace Preferred Write Granularity",      hex(4)).as("npwg"),
+    field("Bytes 67:66",   "Namespace Preferred Write Alignment",        hex(4)).as("npwa"),
+    field("Bytes 69:68",   "Namespace Preferred Deallocate Granularity", hex(4)).as("npdg"),
+    field("Bytes 71:70",   "Namespace Preferred Deallocate Alignment",   hex(4)).as("npda"),
+    field("Bytes 73:72",   "Namespace Optimal Write Size",               hex(4)).as("nows"),
     reserved("Bytes 91:74"),
-    field("Bytes 95:92",   "ANA Group Identifier",                       range(95, 92),   hex(8)).as("anagrpid"),
+    field("Bytes 95:92",   "ANA Group Identifier",                       hex(8)).as("anagrpid"),
     reserved("Bytes 98:96"),
-    group("Byte 99",       "Namespace Attributes",                       byte(99),        hex(2), kNamespaceAttributes).as("nsattr"),
-    field("Bytes 101:100", "NVM Set Identifier",                         range(101, 100), hex(4)).as("nvmsetid"),
-    field("Bytes 103:102", "Endurance Group Identifier",                 range(103, 102), hex(4)).as("endgid"),
+    group("Byte 99",       "Namespace Attributes",                       hex(2), kNamespaceAttributes).as("nsattr"),
+    field("Bytes 101:100", "NVM Set Identifier",                         hex(4)).as("nvmsetid"),
+    field("Bytes 103:102", "Endurance Group Identifier",                 hex(4)).as("endgid"),
 };
 
 constexpr Row kFourthTable[] = {
-    group("Bytes 119:104", "Namespace Globally Unique Identifier", range(119, 104), hex128, kGloballyUniqueIdentifier).as("nguid"),
-    field("Bytes 127:120", "IEEE Extended Unique Identifier",      range(127, 120), hex(16)).as("eui64"),
+    group("Bytes 119:104", "Namespace Globally Unique Identifier", hex128, kGloballyUniqueIdentifier).as("nguid"),
+    field("Bytes 127:120", "IEEE Extended Unique Identifier",      hex(16)).as("eui64"),
 };
 
 constexpr const char* kRelativePerformanceWords[] = {
@@ -167,12 +168,28 @@ constexpr const char* kRelativePerformanceWords[] = {
 constexpr Words kRelativePerformance = appended(kRelativePerformanceWords);
 
 constexpr Row kLbaFormat[] = {
-    field("Bits 31:26", "Reserved",             bits(31, 26), hex()),
-    field("Bits 25:24", "Relative Performance", bits(25, 24), hex(1)).named(kRelativePerformance).as("rp"),
-    field("Bits 23:16", "LBA Data Size",        bits(23, 16), hex(2)).as("ds"),
-    field("Bits 15:0",  "Metadata Size",        bits(15, 0),  hex(4)).as("ms"),
+    field("Bits 31:26", "Reserved",             hex()),
+    field("Bits 25:24", "Relative Performance", hex(1)).named(kRelativePerformance).as("rp"),
+    field("Bits 23:16", "LBA Data Size",        hex(2)).as("ds"),
+    field("Bits 15:0",  "Metadata Size",        hex(4)).as("ms"),
+};
+
+constexpr Section kSections[] = {
+    {Gate{},                            kFirstTable},
+    {since(kNVMe1_2),                   kSecondTable},
+    {since(kNVMe1_2) & until(kNVMe1_4), kBeforeThirdTable},
+    {since(kNVMe1_2 | kNVMe1_4),        kThirdTable},
+    {since(kNVMe1_2),                   kFourthTable},
 };
 // clang-format on
+
+// Before 1.2 only the first 30 bytes are shown; from 1.2 on, each version's rows cover the
+// bytes before the LBA formats once.
+static_assert(tiledUpTo(kSections, kNVMe1_0) == 30 && tiledUpTo(kSections, kNVMe1_1) == 30);
+static_assert(tiledUpTo(kSections, kAnnounced[2]) == kFirstLbaFormat);
+static_assert(tiledUpTo(kSections, kAnnounced[3]) == kFirstLbaFormat);
+static_assert(tiledUpTo(kSections, kAnnounced[4]) == kFirstLbaFormat);
+static_assert(tiledUpTo(kSections, kAnnounced[5]) == kFirstLbaFormat);
 
 // Formats past the count in byte 25 are shown as plain fields marked "(N/A)"; the keyed form
 // lists only the formats in use, so that a format's number is its index.
@@ -209,15 +226,7 @@ std::unique_ptr<core::xml::XmlObject> toXmlObject(
   }
   nameRoot(*root, "Identify Namespace");
   const Source source{payload, 0, versionsOf(deviceAttributes)};
-  addFields(*root,
-            {
-                {Gate{}, kFirstTable},
-                {since(kNVMe1_2), kSecondTable},
-                {since(kNVMe1_2) & until(kNVMe1_4), kBeforeThirdTable},
-                {since(kNVMe1_2 | kNVMe1_4), kThirdTable},
-                {since(kNVMe1_2), kFourthTable},
-            },
-            source);
+  addFields(*root, kSections, source);
   addLbaFormats(*root, source);
   return root;
 }
