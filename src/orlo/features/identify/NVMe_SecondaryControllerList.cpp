@@ -14,27 +14,28 @@ using namespace table;
 
 // clang-format off
 constexpr Row kHeader[] = {
-    field("Byte 0", "Number of Identifiers", byte(0), bareHex()),
+    field("Byte 0", "Number of Identifiers", bareHex()),
     reserved("Byte 1-31"),
 };
 
 constexpr Row kControllerState[] = {
-    field("Bit 7:1", "Reserved",     bits(7, 1), hex()),
-    field("Bit 0",   "Online State", bit(0),     decimal),
+    field("Bit 7:1", "Reserved",     hex()),
+    field("Bit 0",   "Online State", decimal),
 };
 
 constexpr Row kEntry[] = {
-    field("Byte 0-1",   "Secondary Controller Identifier",          range(0, 1),   bareHex()),
-    field("Byte 2-3",   "Primary Controller Identifier",            range(2, 3),   bareHex()),
-    group("Byte 4",     "Secondary Controller State",               byte(4),       decimal, kControllerState),
+    field("Byte 0-1",   "Secondary Controller Identifier",          bareHex()),
+    field("Byte 2-3",   "Primary Controller Identifier",            bareHex()),
+    group("Byte 4",     "Secondary Controller State",               decimal, kControllerState),
     reserved("Byte 5-7"),
-    field("Byte 8-9",   "Virtual Function Number",                  range(8, 9),   bareHex()),
-    field("Byte 10-11", "Number of VQ Flexible Resources Assigned", range(10, 11), bareHex()),
-    field("Byte 12-13", "Number of VI Flexible Resources Assigned", range(12, 13), bareHex()),
+    field("Byte 8-9",   "Virtual Function Number",                  bareHex()),
+    field("Byte 10-11", "Number of VQ Flexible Resources Assigned", bareHex()),
+    field("Byte 12-13", "Number of VI Flexible Resources Assigned", bareHex()),
     reserved("Byte 14-31"),
 };
 // clang-format on
 constexpr uint32_t kEntrySize = 32;
+static_assert(tiles(kHeader, kEntrySize) && tiles(kEntry, kEntrySize));
 
 // An entry's label gives its end before its start ("Byte 32-31" for the first); readers of
 // these trees know the labels in this form.
