@@ -19,7 +19,7 @@ constexpr ListWalk kEntries{32, 32, 127};
 
 // clang-format off
 constexpr Row kHeader[] = {
-    field("Byte 0-31", "Reserved", range(0, 31), longHex),
+    field("Byte 0-31", "Reserved", longHex),
 };
 
 constexpr const char* kAssociationWords[] = {
@@ -33,11 +33,14 @@ constexpr const char* kAssociationWords[] = {
 constexpr Words kAssociation = replacing(kAssociationWords);
 
 constexpr Row kEntry[] = {
-    field("Byte 0",     "Identifier Association", byte(0),       bits(1, 0), decimal).named(kAssociation),
-    field("Byte 1-15",  "Reserved",               range(1, 15),  longHex),
-    field("Byte 16-31", "UUID",                   range(16, 31), longHexReversed),
+    // The association is the byte's low two bits.
+    field("Byte 0",     "Identifier Association", decimal).readsBits(bits(1, 0)).named(kAssociation),
+    field("Byte 1-15",  "Reserved",               longHex),
+    field("Byte 16-31", "UUID",                   longHexReversed),
 };
 // clang-format on
+
+static_assert(tiles(kHeader, kEntries.start) && tiles(kEntry, kEntries.stride));
 
 bool isZeroUuid(const core::Payload& payload, uint32_t entry) {
   namespace layout = commands::nvme::layout;
