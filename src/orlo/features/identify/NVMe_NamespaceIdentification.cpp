@@ -24,12 +24,13 @@ constexpr Words kType = replacing(kTypeWords, "Reserved");
 // The identifier itself follows, as long as byte 1 says.
 // clang-format off
 constexpr Row kDescriptorHeader[] = {
-    field("Byte 0",   "Namespace Identifier Type",   byte(0),     decimal).named(kType),
-    field("Byte 1",   "Namespace Identifier Length", byte(1),     decimal),
-    field("Byte 2-3", "Reserved",                    range(2, 3), decimal),
+    field("Byte 0",   "Namespace Identifier Type",   decimal).named(kType),
+    field("Byte 1",   "Namespace Identifier Length", decimal),
+    field("Byte 2-3", "Reserved",                    decimal),
 };
 // clang-format on
 constexpr uint32_t kHeaderSize = 4;
+static_assert(tiles(kDescriptorHeader, kHeaderSize));
 
 }  // namespace
 
