@@ -15,12 +15,14 @@ using namespace table;
 
 constexpr ListWalk kVectors{0, 8, 512};
 
-// Each vector is announced by a property of its own, "Command Set Vector n", before these.
+// Each vector is announced by a property of its own, "Command Set Vector n", before these;
+// they are bits of the vector's eight bytes, which their labels leave unsaid.
+constexpr Bytes kVector = range(0, 7);
 // clang-format off
 constexpr Row kCommandSets[] = {
-    field("Bit 0", "NVM Command Set",             range(0, 7), bit(0), decimal).repeated(),
-    field("Bit 1", "Key Value Command Set",       range(0, 7), bit(1), decimal).repeated(),
-    field("Bit 2", "Zoned Namespace Command Set", range(0, 7), bit(2), decimal).repeated(),
+    field("Bit 0", "NVM Command Set",             decimal).readsBytes(kVector).repeated(),
+    field("Bit 1", "Key Value Command Set",       decimal).readsBytes(kVector).repeated(),
+    field("Bit 2", "Zoned Namespace Command Set", decimal).readsBytes(kVector).repeated(),
 };
 // clang-format on
 
