@@ -15,7 +15,8 @@ class XmlObject;
 
 // The rows of an Identify structure as data, and the one interpreter that turns them into
 // fields, groups and properties of an XML tree. A table is written in the structure's own
-// order, one row a field: label, description, bytes, bits, value form and version gate.
+// order, one row a field: label, description, value form and version gate, the bytes and
+// bits read following from the label.
 namespace orlo::features::identify::nvme::table {
 
 // The size of every Identify reply.
@@ -201,15 +202,13 @@ constexpr Row holdingRead(Row row) {
   return row;
 }
 
+// A row whose label does not say where it lies ("Controller ID", or a label made at run
+// time) names its bytes and bits itself.
 constexpr Row field(const char* name, const char* description, Bytes bytes, Form form) {
   return holdingRead(Row{name, description, bytes, kWholeValue, form, {}, {}, nullptr});
 }
 constexpr Row field(const char* name, const char* description, Bytes bytes, Bits bits, Form form) {
   return holdingRead(Row{name, description, bytes, bits, form, {}, {}, nullptr});
-}
-// A bit field of the enclosing group's own bytes.
-constexpr Row field(const char* name, const char* description, Bits bits, Form form) {
-  return holdingRead(Row{name, description, Bytes{0, 0}, bits, form, {}, {}, nullptr});
 }
 constexpr Row group(const char* name, const char* description, Bytes bytes, Form form,
                     Table members) {
