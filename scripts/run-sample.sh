@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds orlo (without its tests), installs it into build/stage and runs the main
 # job: one more file into a copy of the sample incident-report archive. Then it shows
-# what a drive answers, from a bundled device image: its Identify Controller structure.
+# what a drive answers, from a bundled device image: its Identify Controller structure
+# and its health summary.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
@@ -16,3 +17,4 @@ build/stage/bin/orlo update -source samples/drive-notes.txt \
 unzip -l build/sample/incident-report.zip
 
 build/stage/bin/orlo show -ssd tests/data/images/nvme-tamsel-t2 ControllerNamespaceStructure=1
+build/stage/bin/orlo health -ssd tests/data/images/nvme-tamsel-t2
