@@ -116,7 +116,7 @@ TEST(DeviceStatistics, CraftedLogGivesTheExpectedTree) {
 
   // Not valid, unlisted, or a page whose header names another page: no value.
   EXPECT_EQ(ata::validStatistic(log, layout::kPowerOnHours), std::nullopt);
-  EXPECT_EQ(ata::validStatistic(log, {3, 8, 8}), std::nullopt);
+  EXPECT_EQ(ata::validStatistic(log, {3, 8, orlo::core::bits(7, 0)}), std::nullopt);
   Payload misplaced(log.data(), log.size());
   misplaced[7 * 512 + 2] = 6;
   EXPECT_EQ(ata::validStatistic(misplaced, layout::kPercentageUsed), std::nullopt);

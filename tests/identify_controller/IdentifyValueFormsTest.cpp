@@ -21,13 +21,13 @@ TEST(IdentifyValueForms, ReadsNumbersLittleEndianAndNeverPastTheEnd) {
   EXPECT_EQ(valueForms::littleEndian(payload, 1, 4), 0x0FF012u);
   EXPECT_EQ(valueForms::littleEndian(payload, 4, 2), 0u);
   // Bits count from the first byte's bit 0 and run on into the next bytes.
-  EXPECT_EQ(valueForms::bits(payload, 0, 11, 4), 0x23u);
-  EXPECT_EQ(valueForms::bits(payload, 2, 7, 4), 0xFu);
-  EXPECT_EQ(valueForms::bits(payload, 1, 31, 0), 0x0FF012u);
+  EXPECT_EQ(valueForms::bits(payload, 0, {11, 4}), 0x23u);
+  EXPECT_EQ(valueForms::bits(payload, 2, {7, 4}), 0xFu);
+  EXPECT_EQ(valueForms::bits(payload, 1, {31, 0}), 0x0FF012u);
   // 64 bits that start inside a byte take the top of a ninth.
   const Payload wide = bytes({0x10, 0, 0, 0, 0, 0, 0, 0, 0xAB});
-  EXPECT_EQ(valueForms::bits(wide, 0, 67, 4), 0xB000000000000001u);
-  EXPECT_EQ(valueForms::bits(wide, 0, 99, 4), 0xB000000000000001u);
+  EXPECT_EQ(valueForms::bits(wide, 0, {67, 4}), 0xB000000000000001u);
+  EXPECT_EQ(valueForms::bits(wide, 0, {99, 4}), 0xB000000000000001u);
 }
 
 TEST(IdentifyValueForms, PrintsNumbers) {

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "orlo/core/BitField.h"
+
 // Where each thing stands in the ATA commands that orlo sends and in the
 // IDENTIFY DEVICE data outside the decoder table: command codes, the size of a
 // sector of data, the text fields that name a drive, the SMART data structures
@@ -74,33 +76,37 @@ inline constexpr uint8_t kSolidStateStatisticsPage = 0x07;
 inline constexpr uint32_t kStatisticsPageNumberByte = 2;
 inline constexpr uint32_t kStatisticsListCount = 8;
 inline constexpr uint32_t kStatisticsListFirst = 9;
-inline constexpr uint64_t kStatisticSupported = uint64_t{1} << 63;
-inline constexpr uint64_t kStatisticValid = uint64_t{1} << 62;
-inline constexpr uint64_t kStatisticConditionMet = uint64_t{1} << 59;
+inline constexpr core::BitField kStatisticSupported = core::bit(63);
+inline constexpr core::BitField kStatisticValid = core::bit(62);
+inline constexpr core::BitField kStatisticConditionMet = core::bit(59);
 
 // The statistics that the toolkit reads: the page, the byte offset in it, and the
 // bits of the value.
 struct Statistic {
   uint8_t page;
   uint32_t offset;
-  uint32_t bits;
+  core::BitField value;
 };
-inline constexpr Statistic kPowerOnResets{kGeneralStatisticsPage, 8, 32};
-inline constexpr Statistic kPowerOnHours{kGeneralStatisticsPage, 16, 32};
-inline constexpr Statistic kLogicalSectorsWritten{kGeneralStatisticsPage, 24, 48};
-inline constexpr Statistic kWriteCommands{kGeneralStatisticsPage, 32, 48};
-inline constexpr Statistic kLogicalSectorsRead{kGeneralStatisticsPage, 40, 48};
-inline constexpr Statistic kReadCommands{kGeneralStatisticsPage, 48, 48};
-inline constexpr Statistic kCurrentTemperature{kTemperatureStatisticsPage, 8, 8};
-inline constexpr Statistic kAverageShortTermTemperature{kTemperatureStatisticsPage, 16, 8};
-inline constexpr Statistic kAverageLongTermTemperature{kTemperatureStatisticsPage, 24, 8};
-inline constexpr Statistic kHighestTemperature{kTemperatureStatisticsPage, 32, 8};
-inline constexpr Statistic kLowestTemperature{kTemperatureStatisticsPage, 40, 8};
-inline constexpr Statistic kTimeOverTemperature{kTemperatureStatisticsPage, 80, 32};
-inline constexpr Statistic kMaximumOperatingTemperature{kTemperatureStatisticsPage, 88, 8};
-inline constexpr Statistic kTimeUnderTemperature{kTemperatureStatisticsPage, 96, 32};
-inline constexpr Statistic kMinimumOperatingTemperature{kTemperatureStatisticsPage, 104, 8};
-inline constexpr Statistic kPercentageUsed{kSolidStateStatisticsPage, 8, 8};
+inline constexpr Statistic kPowerOnResets{kGeneralStatisticsPage, 8, core::bits(31, 0)};
+inline constexpr Statistic kPowerOnHours{kGeneralStatisticsPage, 16, core::bits(31, 0)};
+inline constexpr Statistic kLogicalSectorsWritten{kGeneralStatisticsPage, 24, core::bits(47, 0)};
+inline constexpr Statistic kWriteCommands{kGeneralStatisticsPage, 32, core::bits(47, 0)};
+inline constexpr Statistic kLogicalSectorsRead{kGeneralStatisticsPage, 40, core::bits(47, 0)};
+inline constexpr Statistic kReadCommands{kGeneralStatisticsPage, 48, core::bits(47, 0)};
+inline constexpr Statistic kCurrentTemperature{kTemperatureStatisticsPage, 8, core::bits(7, 0)};
+inline constexpr Statistic kAverageShortTermTemperature{kTemperatureStatisticsPage, 16,
+                                                        core::bits(7, 0)};
+inline constexpr Statistic kAverageLongTermTemperature{kTemperatureStatisticsPage, 24,
+                                                       core::bits(7, 0)};
+inline constexpr Statistic kHighestTemperature{kTemperatureStatisticsPage, 32, core::bits(7, 0)};
+inline constexpr Statistic kLowestTemperature{kTemperatureStatisticsPage, 40, core::bits(7, 0)};
+inline constexpr Statistic kTimeOverTemperature{kTemperatureStatisticsPage, 80, core::bits(31, 0)};
+inline constexpr Statistic kMaximumOperatingTemperature{kTemperatureStatisticsPage, 88,
+                                                        core::bits(7, 0)};
+inline constexpr Statistic kTimeUnderTemperature{kTemperatureStatisticsPage, 96, core::bits(31, 0)};
+inline constexpr Statistic kMinimumOperatingTemperature{kTemperatureStatisticsPage, 104,
+                                                        core::bits(7, 0)};
+inline constexpr Statistic kPercentageUsed{kSolidStateStatisticsPage, 8, core::bits(7, 0)};
 
 static_assert((kModelNumber.first + kModelNumber.count) * 2 <= kSectorSize);
 

@@ -5,6 +5,8 @@
 
 #include "orlo/commands/nvme/PayloadProperty.h"
 #include "orlo/core/Attribute.h"
+#include "orlo/core/BitField.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/Strings.h"
 #include "orlo/core/xml/XmlObject.h"
 #include "orlo/core/xml/XmlProperty.h"
@@ -19,16 +21,15 @@ struct EntryLine {
   const char* label;
   std::size_t firstByte;
   std::size_t lastByte;
-  unsigned highBit;
-  unsigned lowBit;
+  core::BitField bits;
 };
 
 constexpr EntryLine whole(const char* label, std::size_t firstByte, std::size_t lastByte) {
-  return {label, firstByte, lastByte, unsigned(8 * (lastByte - firstByte + 1) - 1), 0};
+  return {label, firstByte, lastByte, core::bits(uint8_t(8 * (lastByte - firstByte + 1) - 1), 0)};
 }
 
-constexpr EntryLine bits(const char* label, std::size_t byte, unsigned highBit, unsigned lowBit) {
-  return {label, byte, byte, highBit, lowBit};
+constexpr EntryLine bits(const char* label, std::size_t byte, uint8_t highBit, uint8_t lowBit) {
+  return {label, byte, byte, core::bits(highBit, lowBit)};
 }
 
 // The labels name the usual meaning of each dword, whatever the opcode.
@@ -64,9 +65,7 @@ constexpr FlagLine kFlagLines[] = {
 
 uint64_t readLine(const SubmissionEntry& entry, const EntryLine& line) {
   const uint64_t number = entry.read(line.firstByte, line.lastByte - line.firstByte + 1);
-  const unsigned count = line.highBit - line.lowBit + 1;
-  const uint64_t mask = count >= 64 ? ~uint64_t{0} : (uint64_t{1} << count) - 1;
-  return (number >> line.lowBit) & mask;
+  return core::extract(number, line.bits);
 }
 
 // The label, then the value in hexadecimal (8 digits at least) and in decimal.
@@ -79,7 +78,7 @@ std::unique_ptr<core::xml::XmlElement> numberProperty(const char* name, const ch
                                                       uint64_t value, std::size_t width) {
   core::Attribute attribute(name, name, type);
   uint8_t bytes[8] = {};
-  for (std::size_t i = 0; i < width; ++i) bytes[i] = static_cast<uint8_t>(value >> (8 * i));
+  core::le::write(bytes, width, value);
   attribute.value = core::Payload(bytes, width);
   return attribute.toXml();
 }

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "orlo/core/BitField.h"
+
 // Where each thing stands in the NVMe commands that orlo sends and in the
 // structures it reads outside the decoder tables: the command dwords of
 // Identify and Get Log Page, the Identify structures (CNS values) and log pages
@@ -10,33 +12,32 @@
 // the drive attributes, capture and replay read. Each number stands here once.
 namespace orlo::commands::nvme::layout {
 
-// Bits lowBit to lowBit + width - 1 of command dword `dword` of a submission entry.
+// Some bits of command dword `dword` of a submission entry.
 struct EntryField {
   std::size_t dword;
-  unsigned lowBit;
-  unsigned width;
+  core::BitField bits;
 };
 
-inline constexpr EntryField kNamespaceId{1, 0, 32};  // NSID
+inline constexpr EntryField kNamespaceId{1, core::bits(31, 0)};  // NSID
 
 // Identify (opcode 06h).
 inline constexpr uint8_t kIdentifyOpcode = 0x06;
-inline constexpr EntryField kCns{10, 0, 8};             // CNS
-inline constexpr EntryField kControllerId{10, 16, 16};  // CNTID
-inline constexpr EntryField kCommandSetId{11, 24, 8};   // CSI
+inline constexpr EntryField kCns{10, core::bits(7, 0)};             // CNS
+inline constexpr EntryField kControllerId{10, core::bits(31, 16)};  // CNTID
+inline constexpr EntryField kCommandSetId{11, core::bits(31, 24)};  // CSI
 inline constexpr std::size_t kIdentifySize = 4096;
 
 // Get Log Page (opcode 02h). The dword count is 0's based and split in two.
 inline constexpr uint8_t kGetLogPageOpcode = 0x02;
-inline constexpr EntryField kLogId{10, 0, 8};                     // LID
-inline constexpr EntryField kLogSpecificField{10, 8, 7};          // LSP
-inline constexpr EntryField kRetainAsynchronousEvent{10, 15, 1};  // RAE
-inline constexpr EntryField kDwordCountLower{10, 16, 16};         // NUMDL
-inline constexpr EntryField kDwordCountUpper{11, 0, 16};          // NUMDU
-inline constexpr EntryField kLogSpecificId{11, 16, 16};           // LSI
-inline constexpr EntryField kLogOffsetLower{12, 0, 32};           // LPOL
-inline constexpr EntryField kLogOffsetUpper{13, 0, 32};           // LPOU
-inline constexpr EntryField kUuidIndex{14, 0, 7};                 // UUID Index
+inline constexpr EntryField kLogId{10, core::bits(7, 0)};                 // LID
+inline constexpr EntryField kLogSpecificField{10, core::bits(14, 8)};     // LSP
+inline constexpr EntryField kRetainAsynchronousEvent{10, core::bit(15)};  // RAE
+inline constexpr EntryField kDwordCountLower{10, core::bits(31, 16)};     // NUMDL
+inline constexpr EntryField kDwordCountUpper{11, core::bits(15, 0)};      // NUMDU
+inline constexpr EntryField kLogSpecificId{11, core::bits(31, 16)};       // LSI
+inline constexpr EntryField kLogOffsetLower{12, core::bits(31, 0)};       // LPOL
+inline constexpr EntryField kLogOffsetUpper{13, core::bits(31, 0)};       // LPOU
+inline constexpr EntryField kUuidIndex{14, core::bits(6, 0)};             // UUID Index
 
 // The Identify structures that orlo decodes, by CNS value, and whether the
 // structure depends on the namespace field (a namespace, or a list that starts

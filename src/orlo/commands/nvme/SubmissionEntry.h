@@ -22,14 +22,9 @@ class SubmissionEntry {
   // Command dword `index` (0 to 15), at bytes 4 * index to 4 * index + 3.
   uint32_t dword(std::size_t index) const;
   void setDword(std::size_t index, uint32_t value);
-  // Writes the low `count` bits of `value` to bits lowBit + count - 1 to lowBit of
-  // dword `index`, leaving its other bits as they are.
-  void setDwordBits(std::size_t index, unsigned lowBit, unsigned count, uint32_t value);
-  // A named field of the command dwords.
+  // A named field of the command dwords; setting one leaves the dword's other bits as they are.
   uint32_t get(const layout::EntryField& field) const;
-  void set(const layout::EntryField& field, uint32_t value) {
-    setDwordBits(field.dword, field.lowBit, field.width, value);
-  }
+  void set(const layout::EntryField& field, uint32_t value);
 
   const uint8_t* data() const { return bytes.data(); }
 

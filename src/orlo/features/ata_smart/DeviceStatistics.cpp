@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "orlo/core/LittleEndian.h"
 #include "orlo/features/ata_smart/DeviceStatisticsTable.h"
 #include "orlo/features/nvme_get_log/LogTree.h"
 
@@ -61,13 +62,12 @@ std::optional<StatisticValue> readStatistic(const core::Payload& log,
                                             const layout::Statistic& statistic) {
   if (!hasPage(log, statistic.page)) return std::nullopt;
   const uint8_t* bytes = log.data() + statistic.page * kPageSize + statistic.offset;
-  uint64_t quadword = 0;
-  for (unsigned at = 8; at-- > 0;) quadword = quadword << 8 | bytes[at];
-  if ((quadword & layout::kStatisticSupported) == 0) return std::nullopt;
+  const uint64_t quadword = core::le::read64(bytes);
+  if (core::extract(quadword, layout::kStatisticSupported) == 0) return std::nullopt;
   StatisticValue value;
-  value.value = quadword & ((uint64_t{1} << statistic.bits) - 1);
-  value.valid = (quadword & layout::kStatisticValid) != 0;
-  value.conditionMet = (quadword & layout::kStatisticConditionMet) != 0;
+  value.value = core::extract(quadword, statistic.value);
+  value.valid = core::extract(quadword, layout::kStatisticValid) != 0;
+  value.conditionMet = core::extract(quadword, layout::kStatisticConditionMet) != 0;
   return value;
 }
 

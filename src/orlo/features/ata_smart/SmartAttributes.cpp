@@ -2,6 +2,7 @@
 
 #include "orlo/commands/ata/Completion.h"
 #include "orlo/commands/ata/Layout.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/features/ata_smart/SmartAttributeTable.h"
 
 namespace orlo::features::ata_smart {
@@ -37,9 +38,7 @@ uint64_t SmartAttribute::rawValue() const {
   const KnownAttribute* known = knownAttribute(id);
   const RawForm form = known != nullptr ? known->form : RawForm::Count48;
   const unsigned bytes = form == RawForm::Celsius ? 1 : form == RawForm::Count32 ? 4 : 6;
-  uint64_t value = 0;
-  for (unsigned at = bytes; at-- > 0;) value = value << 8 | raw[at];
-  return value;
+  return core::le::read(raw.data(), bytes);
 }
 
 bool SmartAttribute::failingNow() const {
@@ -59,8 +58,7 @@ std::vector<SmartAttribute> readSmartAttributes(const core::Payload& data,
     SmartAttribute attribute;
     attribute.id = row[layout::kSmartEntryId];
     if (attribute.id == 0) continue;
-    attribute.flags = static_cast<uint16_t>(row[layout::kSmartEntryFlags] |
-                                            row[layout::kSmartEntryFlags + 1] << 8);
+    attribute.flags = core::le::read16(row + layout::kSmartEntryFlags);
     attribute.current = row[layout::kSmartEntryCurrent];
     attribute.worst = row[layout::kSmartEntryWorst];
     for (uint32_t at = 0; at < layout::kSmartEntryRawBytes; ++at) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "orlo/commands/ata/Layout.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/Strings.h"
 #include "orlo/core/xml/XmlObject.h"
 #include "orlo/core/xml/XmlProperty.h"
@@ -24,17 +25,12 @@ namespace strings = orlo::core::strings;
 constexpr uint32_t kIdentifyDataSize = commands::ata::layout::kSectorSize;
 
 uint16_t wordAt(const Payload& payload, unsigned index) {
-  const uint8_t* bytes = payload.data() + 2 * index;
-  return static_cast<uint16_t>(bytes[0] | bytes[1] << 8);
+  return core::le::read16(payload.data() + 2 * index);
 }
 
 // The words of the row as one little-endian number.
 uint64_t numberOf(const Payload& payload, const WordRow& row) {
-  uint64_t number = 0;
-  for (unsigned index = row.last + 1; index-- > row.first;) {
-    number = number << 16 | wordAt(payload, index);
-  }
-  return number;
+  return core::le::read(payload.data() + 2 * row.first, 2 * (row.last - row.first + 1));
 }
 
 std::string wordsOf(const Payload& payload, const WordRow& row, bool highestFirst) {
@@ -100,8 +96,7 @@ Keyed keyedOf(const Payload& payload, const WordRow& row, const std::string& sho
 }
 
 unsigned fieldOf(uint16_t word, const BitItem& item) {
-  const unsigned width = item.high - item.low + 1;
-  return (word >> item.low) & ((1u << width) - 1);
+  return static_cast<unsigned>(core::extract(word, item.field));
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "orlo/features/identify/ATAIdentifyRow.h"
 
 #include <string>
-#include <tuple>
 #include <utility>
 
 namespace orlo::features::identify::ata {
@@ -16,22 +15,22 @@ std::pair<unsigned, unsigned> parseRange(const std::string& text, char separator
   return {left, static_cast<unsigned>(std::stoul(text.substr(at + 1)))};
 }
 
-unsigned digitsFor(unsigned high, unsigned low) {
-  return (high - low + 1 + 3) / 4;
+unsigned digitsFor(core::BitField field) {
+  return (field.width() + 3) / 4;
 }
 
 }  // namespace
 
 BitItem::BitItem(std::string bitsLabel, std::string text)
     : bits(std::move(bitsLabel)), description(std::move(text)) {
-  std::tie(high, low) = parseRange(bits, ':');
-  digits = digitsFor(high, low);
+  const auto [high, low] = parseRange(bits, ':');
+  field = core::bits(static_cast<uint8_t>(high), static_cast<uint8_t>(low));
+  digits = digitsFor(field);
 }
 
 BitItem readsBits(BitItem item, unsigned high, unsigned low) {
-  item.high = high;
-  item.low = low;
-  item.digits = digitsFor(high, low);
+  item.field = core::bits(static_cast<uint8_t>(high), static_cast<uint8_t>(low));
+  item.digits = digitsFor(item.field);
   return item;
 }
 

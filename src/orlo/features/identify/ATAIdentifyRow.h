@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "orlo/core/Attribute.h"
+#include "orlo/core/BitField.h"
 
 namespace orlo::features::identify::ata {
 
@@ -33,8 +34,7 @@ struct BitItem {
 
   std::string bits;
   std::string description;
-  unsigned high;
-  unsigned low;
+  core::BitField field;
   unsigned digits;
 };
 

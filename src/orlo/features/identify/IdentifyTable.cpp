@@ -21,7 +21,8 @@ Bytes bytesOf(const Row& row, const Bytes& enclosing) {
 // The number in the row's bits of its bytes.
 uint64_t numberOf(const Row& row, const Source& source, const Bytes& bytes) {
   const uint32_t high = std::min<uint32_t>(row.bits.high, bytes.length * 8 - 1);
-  return valueForms::bits(source.payload, source.base + bytes.offset, high, row.bits.low);
+  return valueForms::bits(source.payload, source.base + bytes.offset,
+                          core::bits(static_cast<uint8_t>(high), row.bits.low));
 }
 
 std::string formatted(const Row& row, const Source& source, const Bytes& bytes) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "orlo/core/BitField.h"
 #include "orlo/features/identify/NVMeVersionGate.h"
 
 namespace orlo::core {
@@ -37,16 +38,9 @@ constexpr Bytes byte(uint32_t offset) {
 }
 
 // Bits `high` down to `low` of a little-endian value.
-struct Bits {
-  uint8_t high;
-  uint8_t low;
-};
-constexpr Bits bits(uint8_t high, uint8_t low) {
-  return Bits{high, low};
-}
-constexpr Bits bit(uint8_t position) {
-  return Bits{position, position};
-}
+using Bits = core::BitField;
+using core::bit;
+using core::bits;
 
 // How a value is shown.
 struct Form {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <boost/multiprecision/cpp_int.hpp>
 
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/Strings.h"
 
 namespace orlo::features::identify::nvme::valueForms {
@@ -33,26 +34,22 @@ constexpr int64_t kZeroCelsiusInKelvins = 273;
 
 uint64_t littleEndian(const core::Payload& payload, uint32_t offset, uint32_t length) {
   const uint32_t inside = bytesInside(payload, offset, std::min<uint32_t>(length, 8));
-  uint64_t value = 0;
-  for (uint32_t i = inside; i-- > 0;) {
-    value = (value << 8) | payload.data()[offset + i];
-  }
-  return value;
+  return inside == 0 ? 0 : core::le::read(payload.data() + offset, inside);
 }
 
-uint64_t bits(const core::Payload& payload, uint32_t offset, uint32_t high, uint32_t low) {
-  if (high < low) {
+uint64_t bits(const core::Payload& payload, uint32_t offset, core::BitField field) {
+  if (field.high < field.low) {
     return 0;
   }
-  const uint32_t width = std::min(high - low, 63u) + 1;
-  const uint32_t first = offset + low / 8;
-  const uint32_t shift = low % 8;
+  const unsigned width = std::min(field.width(), 64u);
+  const uint32_t first = offset + field.low / 8;
+  const unsigned shift = field.low % 8;
   // Up to 64 bits starting inside a byte reach into a ninth byte.
   uint64_t value = littleEndian(payload, first, 8) >> shift;
   if (shift + width > 64) {
     value |= littleEndian(payload, first + 8, 1) << (64 - shift);
   }
-  return width == 64 ? value : value & ((uint64_t{1} << width) - 1);
+  return core::extract(value, core::bits(static_cast<uint8_t>(width - 1), 0));
 }
 
 std::string decimal(uint64_t value) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "orlo/core/BitField.h"
 #include "orlo/core/Payload.h"
 
 // The ways an Identify decoder shows a value, and the little-endian readers that feed them.
@@ -13,9 +14,9 @@ namespace orlo::features::identify::nvme::valueForms {
 // The unsigned number held in the `length` bytes at `offset`, low byte first (at most 8).
 uint64_t littleEndian(const core::Payload& payload, uint32_t offset, uint32_t length);
 
-// Bits `high` down to `low` of the little-endian bit string that starts at byte `offset`,
-// so bit 8 is bit 0 of the byte after `offset`. At most 64 bits.
-uint64_t bits(const core::Payload& payload, uint32_t offset, uint32_t high, uint32_t low);
+// The field's bits of the little-endian bit string that starts at byte `offset`, so bit 8
+// is bit 0 of the byte after `offset`. At most 64 bits, from the field's low bit up.
+uint64_t bits(const core::Payload& payload, uint32_t offset, core::BitField field);
 
 // Unsigned decimal, as short as it goes.
 std::string decimal(uint64_t value);

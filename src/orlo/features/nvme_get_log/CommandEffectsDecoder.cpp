@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/Status.h"
 #include "orlo/core/Strings.h"
 #include "orlo/features/nvme_get_log/CommandEffectsRows.h"
@@ -14,13 +15,11 @@ namespace orlo::features::nvme_get_log::commandEffects {
 namespace {
 
 uint32_t entryAt(const uint8_t* log, uint32_t offset) {
-  return uint32_t{log[offset]} | uint32_t{log[offset + 1]} << 8 | uint32_t{log[offset + 2]} << 16 |
-         uint32_t{log[offset + 3]} << 24;
+  return core::le::read32(log + offset);
 }
 
 uint32_t fieldOf(uint32_t entry, const EntryRow& row) {
-  const uint32_t width = row.high - row.low + 1u;
-  return (entry >> row.low) & ((uint32_t{1} << width) - 1u);
+  return static_cast<uint32_t>(core::extract(entry, row.bits));
 }
 
 // "Admin Command 6 (0x06)".

@@ -4,6 +4,7 @@
 
 #include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/Attribute.h"
+#include "orlo/core/BitField.h"
 #include "orlo/core/PropertyDescriptors.h"
 
 // The Commands Supported and Effects log written down as rows: where its two tables of
@@ -33,26 +34,26 @@ inline constexpr CommandSetRow commandSetRows[] = {
 // One field of an entry: bits `high` down to `low`, shown in decimal.
 struct EntryRow {
   const char* label;
-  uint8_t high;
-  uint8_t low;
+  core::BitField bits;
   Gate gate;
 };
 
 // Bit 0 also decides whether an entry is shown at all.
 inline constexpr EntryRow entryRows[] = {
-    {"Command Supported", 0, 0, nullptr},
-    {"Logical Block Content Change", 1, 1, nullptr},
-    {"Namespace Capability Change", 2, 2, nullptr},
-    {"Namespace Inventory Change", 3, 3, nullptr},
-    {"Controller Capability Change", 4, 4, nullptr},
-    {"Command Submission and Execution", 18, 16, nullptr},
-    {"UUID Selection Supported", 19, 19, core::properties::nvme1Point4OrGreater},
-    {"Namespace Scope", 20, 20, core::properties::supportCommandEffectsLogEnhancements},
-    {"Controller Scope", 21, 21, core::properties::supportCommandEffectsLogEnhancements},
-    {"NVM Set Scope", 22, 22, core::properties::supportCommandEffectsLogEnhancements},
-    {"Endurance Group Scope", 23, 23, core::properties::supportCommandEffectsLogEnhancements},
-    {"Domain Scope", 24, 24, core::properties::supportCommandEffectsLogEnhancements},
-    {"NVM Subsystem Scope", 25, 25, core::properties::supportCommandEffectsLogEnhancements},
+    {"Command Supported", core::bit(0), nullptr},
+    {"Logical Block Content Change", core::bit(1), nullptr},
+    {"Namespace Capability Change", core::bit(2), nullptr},
+    {"Namespace Inventory Change", core::bit(3), nullptr},
+    {"Controller Capability Change", core::bit(4), nullptr},
+    {"Command Submission and Execution", core::bits(18, 16), nullptr},
+    {"UUID Selection Supported", core::bit(19), core::properties::nvme1Point4OrGreater},
+    {"Namespace Scope", core::bit(20), core::properties::supportCommandEffectsLogEnhancements},
+    {"Controller Scope", core::bit(21), core::properties::supportCommandEffectsLogEnhancements},
+    {"NVM Set Scope", core::bit(22), core::properties::supportCommandEffectsLogEnhancements},
+    {"Endurance Group Scope", core::bit(23),
+     core::properties::supportCommandEffectsLogEnhancements},
+    {"Domain Scope", core::bit(24), core::properties::supportCommandEffectsLogEnhancements},
+    {"NVM Subsystem Scope", core::bit(25), core::properties::supportCommandEffectsLogEnhancements},
 };
 
 }  // namespace orlo::features::nvme_get_log::commandEffects
