@@ -1,6 +1,7 @@
 #include "devices/AtaPassThrough.h"
 
 #include "orlo/commands/ata/Layout.h"
+#include "orlo/core/BitField.h"
 
 namespace orlo::devices {
 
@@ -11,6 +12,9 @@ constexpr uint8_t kProtocolNonData = 3;
 constexpr uint8_t kProtocolPioDataIn = 4;
 constexpr uint8_t kProtocolPioDataOut = 5;
 constexpr uint8_t kProtocolDma = 6;
+// Byte 1 of the command block: the protocol above the EXTEND bit.
+constexpr core::BitField kProtocolBits = core::bits(4, 1);
+constexpr core::BitField kExtendBit = core::bit(0);
 
 // Byte 2 of the CDB.
 constexpr uint8_t kCheckCondition = 0x20;
@@ -32,7 +36,8 @@ std::array<uint8_t, 16> ataPassThrough16(const commands::ata::Command& command) 
   const uint8_t protocol = protocolOf(command);
   std::array<uint8_t, 16> cdb{};
   cdb[0] = kOperationCode;
-  cdb[1] = static_cast<uint8_t>(protocol << 1) | (command.extended ? 1 : 0);
+  cdb[1] = static_cast<uint8_t>(
+      core::insert(core::insert(0, kProtocolBits, protocol), kExtendBit, command.extended ? 1 : 0));
   cdb[2] =
       protocol == kProtocolNonData
           ? kCheckCondition

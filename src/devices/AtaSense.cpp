@@ -1,11 +1,18 @@
 #include "devices/AtaSense.h"
 
 #include "orlo/commands/ata/Completion.h"
+#include "orlo/core/BitField.h"
 #include "orlo/core/Strings.h"
 
 namespace orlo::devices {
 
 namespace {
+
+// Byte 0 of sense data: the response code, and in fixed format the VALID bit above it.
+constexpr core::BitField kResponseCode = core::bits(6, 0);
+constexpr core::BitField kSenseValid = core::bit(7);
+// The sense key, in the low bits of its byte.
+constexpr core::BitField kSenseKey = core::bits(3, 0);
 
 constexpr uint8_t kAtaStatusReturnDescriptor = 0x09;
 constexpr uint8_t kScsiCheckCondition = 0x02;
@@ -44,7 +51,7 @@ std::optional<commands::ata::TaskFile> fromDescriptorSense(const uint8_t* sense,
 // command-specific field LBA bits 7:0, 15:8 and 23:16 in its last three bytes. Its
 // VALID bit tells that the fields were filled in.
 std::optional<commands::ata::TaskFile> fromFixedSense(const uint8_t* sense, std::size_t length) {
-  if (length < 12 || (sense[0] & 0x80) == 0) return std::nullopt;
+  if (length < 12 || core::extract(sense[0], kSenseValid) == 0) return std::nullopt;
   commands::ata::TaskFile registers;
   registers.feature = sense[3];
   registers.command = sense[4];
@@ -65,7 +72,7 @@ std::string hex(uint32_t value) {
 std::optional<commands::ata::TaskFile> ataRegistersFromSense(const uint8_t* sense,
                                                              std::size_t length) {
   if (sense == nullptr || length == 0) return std::nullopt;
-  const uint8_t responseCode = sense[0] & 0x7F;
+  const auto responseCode = core::extract(sense[0], kResponseCode);
   if (responseCode == 0x72 || responseCode == 0x73) return fromDescriptorSense(sense, length);
   if (responseCode == 0x70 || responseCode == 0x71) return fromFixedSense(sense, length);
   return std::nullopt;
@@ -87,9 +94,9 @@ DriveReply ataOutcome(const SgIoCompletion& completion) {
                      hex(completion.scsiStatus) + ", host " + hex(completion.hostStatus) +
                      ", driver " + hex(completion.driverStatus);
   if (completion.scsiStatus == kScsiCheckCondition && completion.senseLength >= 14) {
-    const bool descriptor = (completion.sense[0] & 0x7F) >= 0x72;
+    const bool descriptor = core::extract(completion.sense[0], kResponseCode) >= 0x72;
     const uint8_t* s = completion.sense;
-    const uint8_t key = (descriptor ? s[1] : s[2]) & 0x0F;
+    const auto key = static_cast<uint8_t>(core::extract(descriptor ? s[1] : s[2], kSenseKey));
     const uint8_t asc = descriptor ? s[2] : s[12];
     const uint8_t ascq = descriptor ? s[3] : s[13];
     text += ", sense key " + hex(key) + ", ASC " + hex(asc) + ", ASCQ " + hex(ascq);

@@ -6,6 +6,7 @@
 #include "orlo/commands/ata/IdentifyDevice.h"
 #include "orlo/commands/ata/Layout.h"
 #include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/Strings.h"
 
@@ -65,11 +66,9 @@ constexpr AtaText kAtaTexts[] = {
 };
 
 uint32_t readLittleEndian(const core::Payload& data, const layout::ByteField& field) {
-  uint32_t value = 0;
-  for (uint32_t i = 0; i < field.length; ++i) {
-    value |= static_cast<uint32_t>(data[field.offset + i]) << (8 * i);
-  }
-  return value;
+  if (field.length == 0) return 0;
+  data[field.offset + field.length - 1];  // throws when the field runs past the data
+  return static_cast<uint32_t>(core::le::read(data.data() + field.offset, field.length));
 }
 
 std::string nvmeText(const core::Payload& data, const layout::ByteField& field) {

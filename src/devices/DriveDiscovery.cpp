@@ -10,6 +10,7 @@
 #include "devices/DriveAttributes.h"
 #include "devices/SataDevice.h"
 #include "orlo/commands/ata/IdentifyDevice.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/Strings.h"
 
@@ -79,8 +80,8 @@ std::optional<core::Payload> ataIdentifyData(const fs::path& sysRoot, const fs::
   core::Payload data(ataTransferLength(commands::ata::IdentifyDevice()));
   uint32_t at = 0;
   for (unsigned word = 0; at < data.size() && words >> std::hex >> word; at += 2) {
-    data[at] = static_cast<uint8_t>(word & 0xFF);
-    data[at + 1] = static_cast<uint8_t>(word >> 8);
+    data[at + 1];  // throws when the word runs past the data
+    core::le::write(data.data() + at, 2, word);
   }
   if (at < data.size()) return std::nullopt;
   return data;

@@ -14,6 +14,7 @@
 #include "orlo/commands/ata/Smart.h"
 #include "orlo/commands/nvme/GetLogPage.h"
 #include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/ata_smart/LogDirectory.h"
 #include "orlo/features/feature/UUID/GUID16.h"
@@ -86,8 +87,7 @@ core::Payload identify(Recorder& recorder, uint8_t cns, uint32_t namespaceId) {
 std::vector<uint32_t> listedNamespaces(const core::Payload& list) {
   std::vector<uint32_t> namespaces;
   for (uint32_t at = 0; at + 4 <= list.size() && namespaces.size() < kMostNamespaces; at += 4) {
-    const uint32_t id = list[at] | list[at + 1] << 8 | list[at + 2] << 16 |
-                        static_cast<uint32_t>(list[at + 3]) << 24;
+    const uint32_t id = core::le::read32(list.data() + at);
     if (id == 0) break;
     namespaces.push_back(id);
   }

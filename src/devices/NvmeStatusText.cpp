@@ -1,10 +1,15 @@
 #include "devices/NvmeStatusText.h"
 
+#include "orlo/core/BitField.h"
 #include "orlo/core/Strings.h"
 
 namespace orlo::devices {
 
 namespace {
+
+// The status field without its phase tag: the status code and, above it, its type.
+constexpr core::BitField kStatusCode = core::bits(7, 0);
+constexpr core::BitField kStatusCodeType = core::bits(10, 8);
 
 struct StatusName {
   uint8_t type;
@@ -56,8 +61,8 @@ constexpr const char* kTypeNames[] = {
 }  // namespace
 
 std::string nvmeStatusText(uint16_t statusField) {
-  const uint8_t code = statusField & 0xFF;
-  const uint8_t type = (statusField >> 8) & 0x7;
+  const auto code = static_cast<uint8_t>(core::extract(statusField, kStatusCode));
+  const auto type = static_cast<uint8_t>(core::extract(statusField, kStatusCodeType));
   const std::string field = " (0x" + core::strings::toHex(statusField, 4) + ")";
   for (const StatusName& row : kStatusNames) {
     if (row.type == type && row.code == code) return row.name + field;

@@ -22,6 +22,7 @@
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/LinuxSystem.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/LoggerSetup.h"
 #include "orlo/core/Logging.h"
 #include "orlo/core/OwnStatuses.h"
@@ -188,8 +189,7 @@ std::vector<uint32_t> activeNamespaces(core::Device& device) {
   if (!core::succeeded(sent.status)) return namespaces;
   const core::Payload& list = sent.outputPayload;
   for (std::size_t at = 0; at + 4 <= list.size() && namespaces.size() < kMostNamespaces; at += 4) {
-    const uint32_t id = list[at] | list[at + 1] << 8 | list[at + 2] << 16 |
-                        static_cast<uint32_t>(list[at + 3]) << 24;
+    const uint32_t id = core::le::read32(list.data() + at);
     if (id == 0) break;
     namespaces.push_back(id);
   }

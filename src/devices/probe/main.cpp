@@ -20,6 +20,7 @@
 #include "devices/ImageCapture.h"
 #include "orlo/commands/ata/IdentifyDevice.h"
 #include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/LittleEndian.h"
 
 namespace {
 
@@ -57,7 +58,8 @@ int identify(orlo::core::Device& device) {
   if (!orlo::core::succeeded(record.status)) return fail(record.status.message());
   const orlo::core::Payload& data = record.outputPayload;
   for (uint32_t word = 0; 2 * word + 1 < data.size(); ++word) {
-    std::printf("%04x%c", data[2 * word] | data[2 * word + 1] << 8, (word + 1) % 8 ? ' ' : '\n');
+    std::printf("%04x%c", orlo::core::le::read16(data.data() + 2 * word),
+                (word + 1) % 8 ? ' ' : '\n');
   }
   return 0;
 }

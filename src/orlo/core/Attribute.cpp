@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "orlo/core/AttributeType.h"
+#include "orlo/core/LittleEndian.h"
 #include "orlo/core/Memory.h"
 #include "orlo/core/Strings.h"
 #include "orlo/core/xml/XmlProperty.h"
@@ -106,16 +107,14 @@ void Attribute::setUInt32(uint32_t number) {
 
 void Attribute::setUInt128(boost::multiprecision::uint128_t number) {
   uint8_t bytes[16];
-  for (uint8_t& byte : bytes) {
-    byte = static_cast<uint8_t>(number & 0xFF);
-    number >>= 8;
-  }
+  le::write(bytes, 8, static_cast<uint64_t>(number));
+  le::write(bytes + 8, 8, static_cast<uint64_t>(number >> 64));
   value = Payload(bytes, sizeof bytes);
 }
 
 void Attribute::storeLittleEndian(uint64_t number, std::size_t width) {
   uint8_t bytes[8];
-  for (std::size_t i = 0; i < width; ++i) bytes[i] = static_cast<uint8_t>(number >> (8 * i));
+  le::write(bytes, width, number);
   value = Payload(bytes, static_cast<uint32_t>(width));
 }
 
@@ -179,9 +178,7 @@ uint64_t Attribute::storedNumber(std::size_t width) const {
   width = std::min(width, sizeof bytes);
   const std::size_t count = std::min<std::size_t>(width, value.size());
   memory::memCopy(bytes, width, value.data(), count);
-  uint64_t number = 0;
-  for (std::size_t i = width; i-- > 0;) number = (number << 8) | bytes[i];
-  return number;
+  return le::read(bytes, width);
 }
 
 std::string Attribute::storedText() const {
@@ -219,9 +216,8 @@ std::string Attribute::asString() const {
     std::fill(std::begin(bytes), std::end(bytes), 0xFF);
     memory::memCopy(bytes, sizeof bytes, value.data(),
                     std::min<std::size_t>(sizeof bytes, value.size()));
-    boost::multiprecision::uint128_t number = 0;
-    for (std::size_t i = sizeof bytes; i-- > 0;) number = (number << 8) | bytes[i];
-    return number.str();
+    const le::Pair128 halves = le::read128(bytes);
+    return (boost::multiprecision::uint128_t(halves.high) << 64 | halves.low).str();
   }
 
   if (type == attributeType::string()) return storedText();
