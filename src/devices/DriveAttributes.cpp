@@ -6,6 +6,7 @@
 #include "orlo/commands/ata/IdentifyDevice.h"
 #include "orlo/commands/ata/Layout.h"
 #include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/BitField.h"
 #include "orlo/core/LittleEndian.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/core/Strings.h"
@@ -103,7 +104,7 @@ void setNvmeAttributes(core::AttributeCollection& attributes, const core::Payloa
   }
   for (const NvmeFlag& flag : kNvmeFlags) {
     const uint32_t value = readLittleEndian(controllerData, flag.field.bytes);
-    core::writeUInt8(attributes, flag.descriptor(), (value >> flag.field.bit) & 1);
+    core::writeUInt8(attributes, flag.descriptor(), core::extract(value, flag.field.bit));
   }
   core::writeUInt8(
       attributes, properties::errorLogPageEntries(),

@@ -14,6 +14,7 @@
 #include "orlo/commands/ata/Smart.h"
 #include "orlo/commands/nvme/GetLogPage.h"
 #include "orlo/commands/nvme/Identify.h"
+#include "orlo/core/BitField.h"
 #include "orlo/core/LittleEndian.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/ata_smart/LogDirectory.h"
@@ -116,8 +117,8 @@ void getLogPage(Recorder& recorder, const layout::LogPage& page, uint32_t bytes,
   const uint32_t dwords = bytes / 4 - 1;
   entry.set(layout::kNamespaceId, namespaceId);
   entry.set(layout::kLogId, page.id);
-  entry.set(layout::kDwordCountLower, dwords & 0xFFFF);
-  entry.set(layout::kDwordCountUpper, dwords >> 16);
+  entry.set(layout::kDwordCountLower, core::extract(dwords, core::bits(15, 0)));
+  entry.set(layout::kDwordCountUpper, core::extract(dwords, core::bits(31, 16)));
   entry.set(layout::kUuidIndex, uuidIndex);
   command.transferBytes = bytes;
   recorder.keep(command);

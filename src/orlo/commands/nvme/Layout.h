@@ -115,21 +115,21 @@ struct ByteField {
 };
 struct FlagField {
   ByteField bytes;
-  uint32_t bit;
+  core::BitField bit;
 };
 
 // Identify Controller.
-inline constexpr ByteField kVendorId{0, 2};                             // VID
-inline constexpr ByteField kSubsystemVendorId{2, 2};                    // SSVID
-inline constexpr ByteField kSerialNumber{4, 20};                        // SN
-inline constexpr ByteField kModelNumber{24, 40};                        // MN
-inline constexpr ByteField kFirmwareRevision{64, 8};                    // FR
-inline constexpr ByteField kVersion{80, 4};                             // VER
-inline constexpr FlagField kUuidListSupported{{96, 4}, 9};              // CTRATT
-inline constexpr FlagField kNamespaceManagementSupported{{256, 2}, 3};  // OACS
-inline constexpr FlagField kSmartPerNamespace{{261, 1}, 0};             // LPA
-inline constexpr FlagField kCommandEffectsLogEnhanced{{261, 1}, 5};     // LPA
-inline constexpr ByteField kErrorLogPageEntries{262, 1};                // ELPE, 0's based
+inline constexpr ByteField kVendorId{0, 2};                                        // VID
+inline constexpr ByteField kSubsystemVendorId{2, 2};                               // SSVID
+inline constexpr ByteField kSerialNumber{4, 20};                                   // SN
+inline constexpr ByteField kModelNumber{24, 40};                                   // MN
+inline constexpr ByteField kFirmwareRevision{64, 8};                               // FR
+inline constexpr ByteField kVersion{80, 4};                                        // VER
+inline constexpr FlagField kUuidListSupported{{96, 4}, core::bit(9)};              // CTRATT
+inline constexpr FlagField kNamespaceManagementSupported{{256, 2}, core::bit(3)};  // OACS
+inline constexpr FlagField kSmartPerNamespace{{261, 1}, core::bit(0)};             // LPA
+inline constexpr FlagField kCommandEffectsLogEnhanced{{261, 1}, core::bit(5)};     // LPA
+inline constexpr ByteField kErrorLogPageEntries{262, 1};  // ELPE, 0's based
 
 // UUID list (CNS 17h): entries of 32 bytes after a 32-byte header, each with
 // its UUID in the upper half; a zero UUID ends the list.

@@ -14,10 +14,6 @@ namespace orlo::features::nvme_get_log::commandEffects {
 
 namespace {
 
-uint32_t entryAt(const uint8_t* log, uint32_t offset) {
-  return core::le::read32(log + offset);
-}
-
 uint32_t fieldOf(uint32_t entry, const EntryRow& row) {
   return static_cast<uint32_t>(core::extract(entry, row.bits));
 }
@@ -48,7 +44,7 @@ std::unique_ptr<core::xml::XmlObject> decode(const core::Payload& payload,
   bool noneSupported = true;
   for (const CommandSetRow& set : commandSetRows) {
     for (uint32_t opcode = 0; opcode < set.entries; ++opcode) {
-      const uint32_t entry = entryAt(log, set.offset + 4 * opcode);
+      const uint32_t entry = core::le::read32(log + set.offset + 4 * opcode);
       if ((entry & 1u) == 0) continue;
       noneSupported = false;
       auto child = std::make_unique<core::xml::XmlObject>();

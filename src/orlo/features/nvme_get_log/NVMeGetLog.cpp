@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "orlo/commands/nvme/GetLogPage.h"
+#include "orlo/core/BitField.h"
 #include "orlo/core/CommandRecord.h"
 #include "orlo/core/Logging.h"
 #include "orlo/core/PayloadProperty.h"
@@ -89,11 +90,11 @@ core::Status NVMeGetLog::sendCommand() {
     namespace layout = commands::nvme::layout;
     entry.set(layout::kLogId, getLogId());
     entry.set(layout::kNamespaceId, core::readUInt32(attributes, properties::namespaceId()));
-    entry.set(layout::kDwordCountLower, numDWORDs & 0xFFFF);
-    entry.set(layout::kDwordCountUpper, numDWORDs >> 16);
+    entry.set(layout::kDwordCountLower, core::extract(numDWORDs, core::bits(15, 0)));
+    entry.set(layout::kDwordCountUpper, core::extract(numDWORDs, core::bits(31, 16)));
     command->transferBytes = (uint64_t{numDWORDs} + 1) * 4;
-    entry.set(layout::kLogOffsetLower, static_cast<uint32_t>(offset));
-    entry.set(layout::kLogOffsetUpper, static_cast<uint32_t>(offset >> 32));
+    entry.set(layout::kLogOffsetLower, core::extract(offset, core::bits(31, 0)));
+    entry.set(layout::kLogOffsetUpper, core::extract(offset, core::bits(63, 32)));
     entry.set(layout::kLogSpecificField,
               core::readUInt8(attributes, properties::logSpecificField()));
     entry.set(layout::kLogSpecificId, core::readUInt16(attributes, properties::logSpecificId()));
