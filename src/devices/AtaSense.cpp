@@ -18,7 +18,7 @@ constexpr uint8_t kAtaStatusReturnDescriptor = 0x09;
 constexpr uint8_t kScsiCheckCondition = 0x02;
 // Bits 2:0 of the driver status name a driver problem; bit 3 only says that sense
 // data came back.
-constexpr uint16_t kDriverProblem = 0x07;
+constexpr core::BitField kDriverProblem = core::bits(2, 0);
 
 commands::ata::TaskFile fromDescriptor(const uint8_t* d) {
   commands::ata::TaskFile registers;
@@ -87,7 +87,7 @@ DriveReply ataOutcome(const SgIoCompletion& completion) {
     outcome.protocolResult = result.clone();
     return outcome;
   }
-  const bool driverProblem = (completion.driverStatus & kDriverProblem) != 0;
+  const bool driverProblem = core::extract(completion.driverStatus, kDriverProblem) != 0;
   if (completion.scsiStatus == 0 && completion.hostStatus == 0 && !driverProblem) return outcome;
 
   std::string text = "The drive did not take the ATA pass-through command (SCSI status " +

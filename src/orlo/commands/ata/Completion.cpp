@@ -2,32 +2,41 @@
 
 #include <string>
 
+#include "orlo/core/BitField.h"
 #include "orlo/core/Strings.h"
 
 namespace orlo::commands::ata {
 
 namespace {
 
-constexpr uint8_t kStatusError = 0x01;
-constexpr uint8_t kStatusDeviceFault = 0x20;
+// Bits of the status register (the command register's place in a reply) and of the
+// error register (the feature register's place).
+constexpr core::BitField kStatusError = core::bit(0);
+constexpr core::BitField kStatusDeviceFault = core::bit(5);
 
 struct ErrorBit {
-  uint8_t mask;
+  core::BitField bit;
   const char* name;
 };
 
 constexpr ErrorBit kErrorBits[] = {
-    {0x80, "Interface CRC Error"},
-    {0x40, "Uncorrectable Error"},
-    {0x10, "ID Not Found"},
-    {0x04, "Aborted Command"},
+    {core::bit(7), "Interface CRC Error"},
+    {core::bit(6), "Uncorrectable Error"},
+    {core::bit(4), "ID Not Found"},
+    {core::bit(2), "Aborted Command"},
 };
+
+bool failed(const TaskFile& registers) {
+  return core::extract(registers.command, kStatusError) != 0 ||
+         core::extract(registers.command, kStatusDeviceFault) != 0;
+}
 
 std::string reason(const TaskFile& registers) {
   std::string names;
-  if (registers.command & kStatusDeviceFault) names = "Device Fault";
+  if (core::extract(registers.command, kStatusDeviceFault) != 0) names = "Device Fault";
   for (const ErrorBit& bit : kErrorBits) {
-    if ((registers.command & kStatusError) && (registers.feature & bit.mask)) {
+    if (core::extract(registers.command, kStatusError) != 0 &&
+        core::extract(registers.feature, bit.bit) != 0) {
       names += (names.empty() ? "" : ", ") + std::string(bit.name);
     }
   }
@@ -47,7 +56,7 @@ void Completion::fillStatus(core::Status& status) const {
 }
 
 core::Status Completion::status() const {
-  if ((registers.command & (kStatusError | kStatusDeviceFault)) == 0) {
+  if (!failed(registers)) {
     return core::Status::success();
   }
   core::Status problem = core::Status::retrieveDataFailed();
