@@ -39,7 +39,7 @@ Drive completes(uint8_t scsi, uint16_t host, uint16_t driver, std::vector<uint8_
     request.driver_status = driver;
     request.sb_len_wr =
         static_cast<unsigned char>(std::min<size_t>(sense.size(), request.mx_sb_len));
-    std::memcpy(request.sbp, sense.data(), request.sb_len_wr);
+    if (request.sb_len_wr > 0) std::memcpy(request.sbp, sense.data(), request.sb_len_wr);
     return 0;
   };
 }
