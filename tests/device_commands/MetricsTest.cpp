@@ -111,29 +111,6 @@ TEST_F(Metrics, EveryBundledImagePassesPromtoolWithoutARemark) {
   }
 }
 
-// A drive that cannot be asked for its health is there, with orlo_drive_up 0 and its
-// identity, and the reason on the standard error; the command still succeeds.
-TEST_F(Metrics, ADriveWhoseHealthCannotBeReadIsUpZero) {
-  const std::string image = scratch / "no-health-log";
-  std::filesystem::copy(nvmeImage, image);
-  for (const auto& entry : std::filesystem::directory_iterator(image)) {
-    if (entry.path().filename().string().rfind("nvme-getlog-lid02-", 0) == 0) {
-      std::filesystem::remove(entry.path());
-    }
-  }
-  const Invocation run = orlo({"metrics", "-ssd", image});
-  EXPECT_EQ(run.exitCode, 0);
-  EXPECT_EQ(orloSamples(run.out),
-            (std::vector<std::string>{
-                "orlo_drive_up{device=\"" + image + "\",serial=\"TT2A24310057\"} 0",
-                "orlo_drive_info{device=\"" + image +
-                    "\",serial=\"TT2A24310057\",model=\"Tamsel T2 3.84TB U.2\",firmware="
-                    "\"T2F10310\",protocol=\"NVMe\"} 1"}));
-  EXPECT_EQ(run.err, "orlo: The health of " + image +
-                         " could not be read: NVMe command reported a problem: Invalid Field in "
-                         "Command (0x4002).\n");
-}
-
 TEST_F(Metrics, NodeExporterServesWhatOrloWroteForItsTextfileCollector) {
   const std::string textfiles = scratch / "textfiles";
   std::filesystem::create_directory(textfiles);
@@ -162,19 +139,6 @@ TEST_F(Metrics, NodeExporterServesWhatOrloWroteForItsTextfileCollector) {
       EXPECT_NE(std::find(served.begin(), served.end(), sample), served.end()) << sample;
     }
   }
-}
-
-TEST_F(Metrics, AFileThatCannotBeWrittenFailsAndLeavesNothing) {
-  const Invocation onDirectory = orlo({"metrics", "-ssd", nvmeImage, "-file", scratch.path()});
-  EXPECT_EQ(onDirectory.exitCode, 1);
-  EXPECT_EQ(onDirectory.out,
-            "Result: " + scratch.path().string() + " is a directory, not a regular file.\n");
-  const std::string missing = scratch / "missing/orlo.prom";
-  const Invocation inMissing = orlo({"metrics", "-ssd", nvmeImage, "-file", missing});
-  EXPECT_EQ(inMissing.exitCode, 1);
-  EXPECT_NE(inMissing.out.find("Cannot write " + missing + ": could not create"), std::string::npos)
-      << inMissing.out;
-  EXPECT_TRUE(std::filesystem::is_empty(scratch.path()));
 }
 
 }  // namespace

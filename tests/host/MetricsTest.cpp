@@ -17,6 +17,7 @@
 #include "host/MetricsFile.h"
 #include "host/PrometheusText.h"
 #include "orlo/core/OwnStatuses.h"
+#include "support/ExpectedText.h"
 #include "support/ScratchDirectory.h"
 
 namespace {
@@ -54,103 +55,10 @@ TEST(PrometheusText, FamiliesGroupedWithExactValuesAndEscapedLabels) {
       {"img/a\\b\"c", "ATA", "Corvid\nS300", "CV\"S3", "CV1", ata},
       {"/dev/sdb", "ATA", "", "Z9", "", std::nullopt},
   };
-  const std::string nvmeLabels = R"(device="/dev/nvme0",serial="TT2A")";
-  const std::string ataLabels = R"(device="img/a\\b\"c",serial="CV\"S3")";
-  const std::string unread = R"(device="/dev/sdb",serial="Z9")";
+  // Labels escape backslash, quotation mark and line feed; the 128-bit counter and the
+  // power-on seconds past 64 bits stay exact.
   EXPECT_EQ(orlo::host::prometheusText(drives),
-            "# HELP orlo_drive_up Whether orlo read the drive's health (1) or could not (0).\n"
-            "# TYPE orlo_drive_up gauge\n"
-            "orlo_drive_up{" +
-                nvmeLabels +
-                "} 1\n"
-                "orlo_drive_up{" +
-                ataLabels +
-                "} 1\n"
-                "orlo_drive_up{" +
-                unread +
-                "} 0\n"
-                "# HELP orlo_drive_info The drive's model, firmware and protocol; always 1.\n"
-                "# TYPE orlo_drive_info gauge\n"
-                "orlo_drive_info{" +
-                nvmeLabels +
-                R"(,model="Tamsel T2",firmware="T2F1",protocol="NVMe"} 1)"
-                "\n"
-                "orlo_drive_info{" +
-                ataLabels +
-                R"(,model="Corvid\nS300",firmware="CV1",protocol="ATA"} 1)"
-                "\n"
-                "orlo_drive_info{" +
-                unread +
-                R"(,model="",firmware="",protocol="ATA"} 1)"
-                "\n"
-                "# HELP orlo_drive_healthy Whether the drive reports itself healthy (1) or a "
-                "failure or critical warning (0).\n"
-                "# TYPE orlo_drive_healthy gauge\n"
-                "orlo_drive_healthy{" +
-                nvmeLabels +
-                "} 0\n"
-                "orlo_drive_healthy{" +
-                ataLabels +
-                "} 1\n"
-                "# HELP orlo_drive_temperature_celsius The drive's temperature.\n"
-                "# TYPE orlo_drive_temperature_celsius gauge\n"
-                "orlo_drive_temperature_celsius{" +
-                nvmeLabels +
-                "} -3\n"
-                "# HELP orlo_drive_power_on_seconds_total The time the drive has been powered on.\n"
-                "# TYPE orlo_drive_power_on_seconds_total counter\n"
-                "orlo_drive_power_on_seconds_total{" +
-                nvmeLabels +
-                "} 66408278665354385814000\n"
-                "orlo_drive_power_on_seconds_total{" +
-                ataLabels +
-                "} 18831600\n"
-                "# HELP orlo_drive_life_used_ratio The part of the drive's rated life used "
-                "(Percentage Used / 100); can exceed 1.\n"
-                "# TYPE orlo_drive_life_used_ratio gauge\n"
-                "orlo_drive_life_used_ratio{" +
-                nvmeLabels +
-                "} 1.2\n"
-                "orlo_drive_life_used_ratio{" +
-                ataLabels +
-                "} 0.07\n"
-                "# HELP orlo_drive_media_errors_total Media and data integrity errors (ATA: "
-                "reported uncorrectable errors).\n"
-                "# TYPE orlo_drive_media_errors_total counter\n"
-                "orlo_drive_media_errors_total{" +
-                nvmeLabels +
-                "} 340282366920938463463374607431768211455\n"
-                "orlo_drive_media_errors_total{" +
-                ataLabels +
-                "} 0\n"
-                "# HELP orlo_drive_unsafe_shutdowns_total Power losses without a shutdown "
-                "notification to the drive.\n"
-                "# TYPE orlo_drive_unsafe_shutdowns_total counter\n"
-                "orlo_drive_unsafe_shutdowns_total{" +
-                nvmeLabels +
-                "} 17\n"
-                "# HELP orlo_drive_available_spare_ratio The spare capacity left, 0 to 1.\n"
-                "# TYPE orlo_drive_available_spare_ratio gauge\n"
-                "orlo_drive_available_spare_ratio{" +
-                nvmeLabels +
-                "} 0.09\n"
-                "# HELP orlo_drive_available_spare_threshold_ratio The available spare below which "
-                "the drive warns, 0 to 1.\n"
-                "# TYPE orlo_drive_available_spare_threshold_ratio gauge\n"
-                "orlo_drive_available_spare_threshold_ratio{" +
-                nvmeLabels +
-                "} 0.1\n"
-                "# HELP orlo_drive_critical_warning Whether the NVMe critical-warning bit named by "
-                "warning is set (1) or not (0).\n"
-                "# TYPE orlo_drive_critical_warning gauge\n"
-                "orlo_drive_critical_warning{" +
-                nvmeLabels +
-                R"(,warning="Available Spare Below Threshold"} 1)"
-                "\n"
-                "orlo_drive_critical_warning{" +
-                nvmeLabels +
-                R"(,warning="Temperature"} 0)"
-                "\n");
+            orlo::testing::testData("metrics/three-drives.prom"));
 }
 
 // Every drive that the kernel lists is there, in its order, each that cannot be opened
