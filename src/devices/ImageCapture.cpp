@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "devices/DeviceImage.h"
+#include "devices/NamespaceList.h"
 #include "devices/ReplyName.h"
 #include "orlo/commands/ata/CheckPowerMode.h"
 #include "orlo/commands/ata/Completion.h"
@@ -15,7 +16,6 @@
 #include "orlo/commands/nvme/GetLogPage.h"
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/core/BitField.h"
-#include "orlo/core/LittleEndian.h"
 #include "orlo/core/PropertyDescriptors.h"
 #include "orlo/features/ata_smart/LogDirectory.h"
 #include "orlo/features/feature/UUID/GUID16.h"
@@ -28,7 +28,6 @@ namespace {
 namespace properties = core::properties;
 
 constexpr uint32_t kAllNamespaces = 0xFFFFFFFF;
-constexpr uint32_t kMostNamespaces = 16;
 
 namespace layout = commands::nvme::layout;
 
@@ -82,17 +81,6 @@ core::Payload identify(Recorder& recorder, uint8_t cns, uint32_t namespaceId) {
   command.setCns(cns);
   command.submissionEntry.set(layout::kNamespaceId, namespaceId);
   return recorder.keep(command);
-}
-
-// The namespaces of a namespace list that starts after namespace 0.
-std::vector<uint32_t> listedNamespaces(const core::Payload& list) {
-  std::vector<uint32_t> namespaces;
-  for (uint32_t at = 0; at + 4 <= list.size() && namespaces.size() < kMostNamespaces; at += 4) {
-    const uint32_t id = core::le::read32(list.data() + at);
-    if (id == 0) break;
-    namespaces.push_back(id);
-  }
-  return namespaces;
 }
 
 // The index that the toolkit gives a vendor log page: that of the vendor's GUID in

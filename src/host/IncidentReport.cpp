@@ -14,6 +14,7 @@
 
 #include "devices/DriveDiscovery.h"
 #include "devices/ImageCapture.h"
+#include "devices/NamespaceList.h"
 #include "host/ArchiveProvider.h"
 #include "host/DriveList.h"
 #include "host/InstallLayout.h"
@@ -22,7 +23,6 @@
 #include "orlo/commands/nvme/Identify.h"
 #include "orlo/commands/nvme/Layout.h"
 #include "orlo/core/LinuxSystem.h"
-#include "orlo/core/LittleEndian.h"
 #include "orlo/core/LoggerSetup.h"
 #include "orlo/core/Logging.h"
 #include "orlo/core/OwnStatuses.h"
@@ -47,9 +47,6 @@ namespace properties = core::properties;
 using core::Status;
 using plugin::cli::ResultBase;
 using plugin::cli::StatusResult;
-
-// As many namespaces as a device image keeps the structures of.
-constexpr uint32_t kMostNamespaces = 16;
 
 // A private folder (mode 0700) below the temporary folder, removed with all it holds
 // when this goes.
@@ -180,20 +177,13 @@ std::shared_ptr<ResultBase> identifyResult(const std::shared_ptr<core::Device>& 
   return std::make_shared<plugin::cli::XmlTreeResult>(identify.getXml());
 }
 
-// The active namespaces, at most kMostNamespaces.
+// The active namespaces, as many as a device image keeps.
 std::vector<uint32_t> activeNamespaces(core::Device& device) {
   commands::nvme::Identify command;
   command.setCns(layout::kCnsActiveNamespaceList);
   const core::CommandRecord sent = device.send(command);
-  std::vector<uint32_t> namespaces;
-  if (!core::succeeded(sent.status)) return namespaces;
-  const core::Payload& list = sent.outputPayload;
-  for (std::size_t at = 0; at + 4 <= list.size() && namespaces.size() < kMostNamespaces; at += 4) {
-    const uint32_t id = core::le::read32(list.data() + at);
-    if (id == 0) break;
-    namespaces.push_back(id);
-  }
-  return namespaces;
+  if (!core::succeeded(sent.status)) return {};
+  return devices::listedNamespaces(sent.outputPayload);
 }
 
 Status writeIdentify(const Staging& staging, const std::string& folder,
