@@ -139,12 +139,6 @@ TEST(IdentifyFrontEnd, ChoosesTheProtocolObjectOnceAskingATAFirst) {
 TEST(IdentifyFrontEnd, IdentifiesThroughTheProtocolObjectOnlyWhenItCanRun) {
   auto device = std::make_shared<FakeDevice>();
   device->answer("Identify", {Status::success(), Payload(4096), nullptr});
-  AttributeCollection attributes;
-  writeUInt8(attributes, properties::controllerNamespaceStructure(), 3);
-  identify::Identify refused(device, attributes);
-  EXPECT_EQ(refused.identify().code(), 35);
-  EXPECT_TRUE(device->sent.empty());
-
   identify::Identify feature(device, AttributeCollection());
   EXPECT_EQ(feature.identify(), Status::success());
   EXPECT_EQ(device->sent.size(), 1u);
