@@ -28,10 +28,6 @@ TEST_F(ProviderTest, ForceReplacesAReadOnlyArchiveKeepingItsMode) {
   EXPECT_EQ(fs::status(dir / "x.zip").permissions(), fs::perms(0444));
 }
 
-}  // namespace
-
-namespace {
-
 // A name as long as the folder allows leaves no room for a suffix: the
 // temporary file must not be named after it.
 TEST_F(ProviderTest, UpdatesAnArchiveWhoseNameIsAsLongAsAllowed) {

@@ -20,10 +20,8 @@ std::vector<int> percentagesIn(std::FILE* line) {
 }
 
 TEST_F(ProviderTest, ProgressFollowsTheBytesNotTheEntries) {
-  // One large file beside four small old entries: counted by entries, the line
-  // would stand at 80% until the large file was done. The old entries fill
-  // several blocks and end inside one, so that their copy into the new archive
-  // goes both ways, whole blocks directly and the rest through the page cache.
+  // Counted by entries, the line would stand at 80% until the large file was done. The
+  // old entries end inside a block: their copy goes both direct and through the cache.
   std::map<std::string, std::string> old;
   for (const char* name : {"a", "b", "c", "d"}) {
     for (unsigned value = name[0]; old[name].size() < 9000;) {

@@ -19,8 +19,7 @@ TEST_F(ProviderTest, ReplacesWithoutRegardToCaseAndCopiesTheRestAsItIs) {
   writeZip(dir / "x.zip", {{"README.TXT", "old"}, {"f/A.TXT", "old"}, {"Dir/Keep.txt", varied()}});
   const auto before = readArchive(dir / "x.zip");
   writeBytes(dir / "readme.txt", "new");
-  // Two files whose names differ only in case are two files: both are stored,
-  // and both replace the old entry that equals them without regard to case.
+  // Names that differ only in case are both stored, and both replace "f/A.TXT".
   writeBytes(dir / "f/A.txt", "upper");
   writeBytes(dir / "f/a.txt", "lower");
   runQuietly(
@@ -50,10 +49,8 @@ TEST_F(ProviderTest, CompressionLevelChoosesTheMethod) {
 }
 
 TEST_F(ProviderTest, LargeFilesDeflateInBlocksThatReadAsOneStream) {
-  // 16 KiB of noise over and over: each repeat is found only by looking back
-  // across a 128 KiB block boundary into the block before, so a block deflated
-  // without the right dictionary makes the data wrong or the entry ~16 KiB
-  // larger for every block (four or five blocks here).
+  // 16 KiB of noise repeated: a block deflated without the 32 KiB before it as its
+  // dictionary makes the data wrong or the entry ~16 KiB larger per block.
   std::string noise;
   for (unsigned value = 12345; noise.size() < (16u << 10);) {
     value = value * 1103515245u + 12345u;

