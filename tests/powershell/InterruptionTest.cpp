@@ -30,10 +30,7 @@ TEST_F(ProviderTest, ASignalEndsTheRunAndRemovesItsTemporaryFile) {
     int status = -1;
     waitpid(child, &status, 0);
     close(quiet);
-    std::string message;
-    std::rewind(err);
-    for (int c; (c = std::fgetc(err)) != EOF;) message.push_back(static_cast<char>(c));
-    std::fclose(err);
+    const std::string message = readAll(err);
 
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1);
     EXPECT_EQ(message, "Compress-Archive : Stopped by a signal (" + std::string(strsignal(signal)) +

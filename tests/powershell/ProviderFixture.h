@@ -36,6 +36,15 @@ struct ArchivedEntry {
   time_t modified = 0;
 };
 
+// The whole of a temporary file, which is then closed.
+inline std::string readAll(std::FILE* file) {
+  std::string text;
+  std::rewind(file);
+  for (int c; (c = std::fgetc(file)) != EOF;) text.push_back(static_cast<char>(c));
+  std::fclose(file);
+  return text;
+}
+
 inline void writeBytes(const fs::path& path, const std::string& data) {
   fs::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << data;
@@ -107,11 +116,8 @@ class ProviderTest : public ::testing::Test {
     ProviderRun result;
     waitpid(startProvider(words, dir, fileno(out), fileno(err)), &result.status, 0);
     result.status = WIFEXITED(result.status) ? WEXITSTATUS(result.status) : -1;
-    for (auto [file, text] : {std::pair{out, &result.out}, std::pair{err, &result.err}}) {
-      std::rewind(file);
-      for (int c; (c = std::fgetc(file)) != EOF;) text->push_back(static_cast<char>(c));
-      std::fclose(file);
-    }
+    result.out = readAll(out);
+    result.err = readAll(err);
     return result;
   }
 
