@@ -42,19 +42,15 @@ class UpdateIncidentReport : public ::testing::Test {
     setenv("PATH", (folder + ":" + std::getenv("PATH")).c_str(), 1);
   }
 
-  std::shared_ptr<plugin::cli::ResultBase> execute(const Options& options) {
+  Outcome run(const Options& options) {
     plugin::cli::ParsedCommand command;
     for (const auto& [name, value] : options) {
       command.options.add(std::make_shared<plugin::cli::ParsedArgument>(
           plugin::cli::ParsedArgument{0, name, value}));
     }
     const auto& spec = registry_.commands.at(0);
-    return registry_.commandOwners.at(spec.get())->execute(spec->id, command);
-  }
-
-  Outcome run(const Options& options) {
     ::testing::internal::CaptureStdout();
-    const auto result = execute(options);
+    const auto result = registry_.commandOwners.at(spec.get())->execute(spec->id, command);
     const std::string output = ::testing::internal::GetCapturedStdout();
     const auto& status = dynamic_cast<const plugin::cli::SimpleResult&>(*result);
     return {output, status.value, status.type};
